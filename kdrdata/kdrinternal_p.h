@@ -1,0 +1,32 @@
+#ifndef KDRDATA_KDRINTERNAL_P_H
+#define KDRDATA_KDRINTERNAL_P_H
+
+/// The library's one way into a handle.
+///
+/// Every handle keeps what it owns behind one pointer named `d` and befriends this class alone,
+/// so that code of one class reaches the wrapped object of another here and nowhere else.
+struct KDRInternal
+{
+    /// The object that @p handle wraps; the handle must own one.
+    template <class Handle>
+    static auto& wrapped(Handle& handle) noexcept
+    {
+        return *handle.d;
+    }
+
+    /// The wrapped object of a constant handle, read-only.
+    template <class Handle>
+    static auto const& wrapped(Handle const& handle) noexcept
+    {
+        return *handle.d;
+    }
+
+    /// The owning pointer itself, for tests of null and for exchanging what a handle refers to.
+    template <class Handle>
+    static auto& pointer(Handle& handle) noexcept
+    {
+        return handle.d;
+    }
+};
+
+#endif

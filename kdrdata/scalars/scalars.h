@@ -1,0 +1,10 @@
+#ifndef KDRDATA_SCALARS_H
+#define KDRDATA_SCALARS_H
+
+/// @file
+/// Numbers and the arrays of them.
+
+#include <kdrdata/scalars/kdrnumber.h>
+#include <kdrdata/scalars/kdrnumberarray.h>
+
+#endif
