@@ -1,0 +1,65 @@
+#ifndef KDRDATA_KDRCONTOURARRAY_H
+#define KDRDATA_KDRCONTOURARRAY_H
+
+#include <kdrdata/kdrdata_export.h>
+#include <kdrdata/vision/kdrcontour.h>
+
+class VelContourArray;
+struct KDRInternal;
+
+/// An ordered list of contours.
+///
+/// The handle owns one core-library array (`VelContourArray`) and forwards to its operations of the
+/// same names. Copies are deep. Indexes are `int`, counted from 0.
+///
+/// Threads: a plain value; one array is used by one thread at a time.
+class KDRDATA_EXPORT KDRContourArray
+{
+public:
+    /// An empty array.
+    KDRContourArray();
+    /// Copies the elements of @p other through the core array's assignment.
+    KDRContourArray(KDRContourArray const& other);
+    /// Destroys the core array.
+    ~KDRContourArray();
+
+    /// Copies the elements of @p other through the core array's assignment. Returns this array.
+    KDRContourArray& operator=(KDRContourArray const& other);
+
+    /// The number of elements.
+    int length() const;
+
+    /// Appends a copy of @p value.
+    void push_back(KDRContour const& value);
+    /// Appends all elements of @p other in order; @p other may be this array itself.
+    void push_back(KDRContourArray const& other);
+
+    /// Removes the element at @p index. Answers true when 0 <= @p index < length(); otherwise
+    /// answers false and changes nothing.
+    bool removeAt(int index);
+    /// Copies the element at @p index into @p out, which must not be null. Answers true when 0 <=
+    /// @p index < length(); otherwise answers false and leaves @p out untouched.
+    bool select(int index, KDRContour* out) const;
+    /// Replaces the element at @p index by a copy of @p value. Answers true when
+    /// 0 <= @p index < length(); otherwise answers false and changes nothing.
+    bool replace(int index, KDRContour const& value);
+    /// Inserts a copy of @p value before @p index. Answers true when 0 <= @p index < length();
+    /// otherwise answers false and changes nothing. The end position is refused, so an empty array
+    /// takes no element this way; append with push_back(). Kept on purpose.
+    bool insert(int index, KDRContour const& value);
+    /// Removes all elements.
+    void clear();
+    /// Exchanges the elements at @p i and @p j, which may be equal. Answers true when both lie in
+    /// the array; otherwise answers false and changes nothing.
+    bool swap(int i, int j);
+
+    /// A copy of the element at @p index. The index is not checked here (asserted in debug builds):
+    /// one outside the array goes to the core library as it is.
+    KDRContour operator[](int index) const;
+
+private:
+    friend struct KDRInternal;
+    VelContourArray* d;
+};
+
+#endif

@@ -1,0 +1,15 @@
+#ifndef KDRDATA_VISION_H
+#define KDRDATA_VISION_H
+
+/// @file
+/// Points, contours, images and the arrays of them.
+
+#include <kdrdata/vision/kdrcontour.h>
+#include <kdrdata/vision/kdrcontourarray.h>
+#include <kdrdata/vision/kdrimage.h>
+#include <kdrdata/vision/kdrimagearray.h>
+#include <kdrdata/vision/kdrpoint.h>
+#include <kdrdata/vision/kdrpointarray.h>
+#include <kdrdata/vision/kdrpointprivate.h>
+
+#endif
