@@ -1,0 +1,185 @@
+#include <kdrdata/variant/kdrvariant.h>
+
+#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/variant/kdrvariantkinds_p.h>
+#include <kdrdata/variant/kdrvariantlock.h>
+#include <kdrdata/variant/kdrvariantprivate.h>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+KDRVariantPrivate& storeOf(KDRVariantLock* lock) { return KDRInternal::wrapped(*lock); }
+
+// Runs a writer of the store. A handle that shares its store gets a fresh one, and the handles it
+// shared with keep the old value. The value is written before the shared store is given up: it may
+// live in that store, and where copying it throws, the handle keeps what it had.
+template <class Writer>
+void write(KDRVariantLock* lock, Writer const& writer)
+{
+    KDRVariantPrivate*& store = KDRInternal::pointer(*lock);
+    if (store->refCount() < 2) {
+        writer(*store);
+        return;
+    }
+    auto fresh = std::make_unique<KDRVariantPrivate>();
+    writer(*fresh);
+    std::exchange(store, fresh.release())->decRef();
+}
+
+KDRString describeNumber(KDRNumber const& number)
+{
+    return KDRString("iType:%1,Max:%2,Min:%3,step:%4")
+        .arg(KindNumber)
+        .arg(number.maxValue())
+        .arg(number.minValue())
+        .arg(number.step());
+}
+
+KDRString describeString(KDRString const& text)
+{
+    return KDRString("iType:%1,length:%2").arg(KindString).arg(text.size());
+}
+
+KDRString describePoint(KDRPoint const& point)
+{
+    return KDRString("iType:%1,XMax:%2,XMin:%3,XStep:%4,YMax:%5,YMin:%6,YStep:%7")
+        .arg(KindPoint)
+        .arg(point.getXMaxVal())
+        .arg(point.getXMinVal())
+        .arg(point.getXStepVal())
+        .arg(point.getYMaxVal())
+        .arg(point.getYMinVal())
+        .arg(point.getYStepVal());
+}
+
+} // namespace
+
+KDRVariant::KDRVariant() : d(new KDRVariantLock) {}
+KDRVariant::KDRVariant(int value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(long value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(long long value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(float value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(double value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(bool value) : d(new KDRVariantLock(value)) {}
+KDRVariant::KDRVariant(char const* text) : d(new KDRVariantLock(text)) {}
+
+KDRVariant::KDRVariant(KDRVariant const& other) : d(new KDRVariantLock)
+{
+    // The new handle's lock first, the source's second: operator= takes them the other way round.
+    bool const distinct = d != other.d;
+    d->lock();
+    if (distinct)
+        other.d->lock();
+    KDRVariantPrivate* const shared = KDRInternal::pointer(*other.d);
+    KDRVariantPrivate* const fresh = std::exchange(KDRInternal::pointer(*d), shared);
+    shared->incRef();
+    fresh->decRef();
+    d->unlock();
+    if (distinct)
+        other.d->unlock();
+}
+
+KDRVariant::~KDRVariant()
+{
+    delete d;
+    d = nullptr;
+}
+
+// Assigning a variant to itself adds a count and takes it away again.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
+KDRVariant& KDRVariant::operator=(KDRVariant const& other)
+{
+    // The source's lock first, this handle's second: the copy constructor takes them the other way
+    // round.
+    bool const distinct = d != other.d;
+    if (distinct)
+        other.d->lock();
+    d->lock();
+    KDRVariantPrivate* const shared = KDRInternal::pointer(*other.d);
+    KDRVariantPrivate* const old = std::exchange(KDRInternal::pointer(*d), shared);
+    shared->incRef();
+    if (old)
+        old->decRef();
+    if (distinct)
+        other.d->unlock();
+    d->unlock();
+    return *this;
+}
+
+KDRVariant KDRVariant::clone() const
+{
+    KDRVariant copy;
+    storeOf(copy.d) = storeOf(d);
+    return copy;
+}
+
+KDRVariantKind KDRVariant::variantType() const { return storeOf(d).variantType(); }
+
+KDRString KDRVariant::attribute()
+{
+    KDRVariantPrivate const& store = storeOf(d);
+    switch (store.variantType()) {
+    case KindPoint: {
+        KDRPoint point;
+        store.toPoint(&point);
+        return describePoint(point);
+    }
+    case KindString: {
+        KDRString text;
+        store.toString(&text);
+        return describeString(text);
+    }
+    case KindNumber: {
+        KDRNumber number;
+        store.toNumber(&number);
+        return describeNumber(number);
+    }
+    default:
+        return KDRString("");
+    }
+}
+
+void KDRVariant::fromInt(int value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromInt(value); });
+}
+void KDRVariant::fromLong(long value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromLong(value); });
+}
+void KDRVariant::fromLongLong(long long value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromLongLong(value); });
+}
+void KDRVariant::fromFloat(float value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromFloat(value); });
+}
+void KDRVariant::fromDouble(double value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromDouble(value); });
+}
+void KDRVariant::fromBool(bool value)
+{
+    write(d, [value](KDRVariantPrivate& store) { store.fromBool(value); });
+}
+
+bool KDRVariant::toInt(int* out) const { return storeOf(d).toInt(out); }
+bool KDRVariant::toLong(long* out) const { return storeOf(d).toLong(out); }
+bool KDRVariant::toLongLong(long long* out) const { return storeOf(d).toLongLong(out); }
+bool KDRVariant::toFloat(float* out) const { return storeOf(d).toFloat(out); }
+bool KDRVariant::toDouble(double* out) const { return storeOf(d).toDouble(out); }
+bool KDRVariant::toBool(bool* out) const { return storeOf(d).toBool(out); }
+
+#define KDR_DEFINE_ROW(Kind, Payload, Name, PointerKind)                                           \
+    KDRVariant::KDRVariant(Payload const& value) : d(new KDRVariantLock(value)) {}                 \
+    void KDRVariant::from##Name(Payload const& value)                                              \
+    {                                                                                              \
+        write(d, [&value](KDRVariantPrivate& store) { store.from##Name(value); });                 \
+    }                                                                                              \
+    bool KDRVariant::to##Name(Payload* out) const { return storeOf(d).to##Name(out); }             \
+    bool KDRVariant::to##Name##Ptr(Payload*& out) { return storeOf(d).to##Name##Ptr(out); }
+KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
+#undef KDR_DEFINE_ROW

@@ -1,0 +1,215 @@
+#ifndef KDRDATA_KDRVARIANT_H
+#define KDRDATA_KDRVARIANT_H
+
+#include <kdrdata/kdrdata_export.h>
+#include <kdrdata/variant/kdrvariantkind.h>
+
+class KDRChar;
+class KDRContour;
+class KDRContourArray;
+class KDRImage;
+class KDRImageArray;
+class KDRNumber;
+class KDRNumberArray;
+class KDRPoint;
+class KDRPointArray;
+class KDRString;
+class KDRVariantLock;
+struct KDRInternal;
+
+/// The tagged value through which every tool parameter and result passes.
+///
+/// A variant holds one value of one kind (see KDRVariantKindNumber). It is a handle: copies and
+/// assignments share one reference-counted store, no payload is copied, and a writer called on a
+/// handle whose store is shared first takes a fresh store, so that the other handles keep the old
+/// value (copy on write). Only clone() makes a deep copy.
+///
+/// **Writers** (`from...`) take a copy of the value, made by its class's copy constructor; a
+/// variant may be given its own payload. Where the copy throws, a handle that did not share its
+/// store keeps its value.
+///
+/// **Readers** (`to...`) copy the payload into the output by the payload class's assignment and
+/// answer true, if the variant holds the kind they read and the output is not null; otherwise they
+/// answer false and leave the output untouched. There is no conversion between kinds: toInt() does
+/// not read a flag or a text. The five numeric readers all read kind 1 and convert as KDRNumber
+/// says.
+///
+/// **Pointer readers** (`to...Ptr`) put the address of the store's own payload into the reference
+/// and answer true if the kind matches, else answer false and leave the reference untouched. The
+/// object is shared by every handle that shares the store and is never the caller's to delete: it
+/// dies with the store's last handle and with the next writer on an unshared handle.
+///
+/// @code
+/// KDRVariant parameter(128);
+/// KDRVariant copy(parameter);       // shares the store
+/// copy.fromDouble(1.5);             // detaches; parameter still reads 128
+/// int level = 0;
+/// bool const read = parameter.toInt(&level);
+/// @endcode
+///
+/// Threads: copy construction and assignment lock the two handles involved, so that a handle may be
+/// copied from several threads at once and while another thread assigns to it. Copy construction
+/// locks the new handle first, assignment the source first; two handles assigned to each other
+/// crosswise from two threads at once can therefore deadlock, which is the callers' to avoid.
+/// Readers and writers take no lock: one handle must not be written from two threads at once, nor
+/// read while it is written. Handles that share a store may be used from different threads.
+class KDRDATA_EXPORT KDRVariant
+{
+public:
+    /// An empty variant, kind 2000.
+    KDRVariant();
+    /// A variant of kind 1 holding KDRNumber(value).
+    KDRVariant(int value);
+    /// @copydoc KDRVariant(int)
+    KDRVariant(long value);
+    /// @copydoc KDRVariant(int)
+    KDRVariant(long long value);
+    /// @copydoc KDRVariant(int)
+    KDRVariant(float value);
+    /// @copydoc KDRVariant(int)
+    KDRVariant(double value);
+    /// A variant of kind 0 holding the flag @p value.
+    KDRVariant(bool value);
+    /// A variant of kind 2 holding KDRString(text): UTF-8 up to the terminating zero; null gives a
+    /// null string.
+    KDRVariant(char const* text);
+    /// A variant of kind 1 holding a copy of @p value, without its range.
+    KDRVariant(KDRNumber const& value);
+    /// A variant of kind 2 holding a copy of @p value that shares its text.
+    KDRVariant(KDRString const& value);
+    /// A variant of kind 12 holding a copy of @p value.
+    KDRVariant(KDRChar const& value);
+    /// A variant of kind 3 holding a copy of @p value, ranges included.
+    KDRVariant(KDRPoint const& value);
+    /// A variant of kind 4 holding a copy of @p value that shares its pixels.
+    KDRVariant(KDRImage const& value);
+    /// A variant of kind 7 holding a copy of @p value.
+    KDRVariant(KDRContour const& value);
+    /// A variant of kind 1001 holding a copy of @p value that shares its list.
+    KDRVariant(KDRNumberArray const& value);
+    /// A variant of kind 1003 holding a copy of @p value.
+    KDRVariant(KDRPointArray const& value);
+    /// A variant of kind 1004 holding a copy of @p value whose images share their pixels.
+    KDRVariant(KDRImageArray const& value);
+    /// A variant of kind 1008 holding a copy of @p value.
+    KDRVariant(KDRContourArray const& value);
+
+    /// Shares the store of @p other.
+    KDRVariant(KDRVariant const& other);
+    /// Gives up this handle's share of the store.
+    ~KDRVariant();
+
+    /// Shares the store of @p other and gives up the old one. Returns this variant.
+    KDRVariant& operator=(KDRVariant const& other);
+
+    /// A variant with a store of its own and a deep copy of the payload. The payload is assigned,
+    /// not copy-constructed: a number keeps its range. Takes no lock.
+    KDRVariant clone() const;
+
+    /// The kind of the value, 2000 for an empty variant.
+    KDRVariantKind variantType() const;
+
+    /// A short text with the kind and the range facts of the value, for display:
+    /// "iType:1,Max:%2,Min:%3,step:%4" of a number (where step is KDRNumber::step(), the minimum),
+    /// "iType:2,length:%2" of a string, and
+    /// "iType:3,XMax:%2,XMin:%3,XStep:%4,YMax:%5,YMin:%6,YStep:%7" of a point; empty for every
+    /// other kind. Floating-point values have up to six significant digits. The variant is not
+    /// changed.
+    KDRString attribute();
+
+    /// Makes this a variant of kind 1 holding KDRNumber(value).
+    void fromInt(int value);
+    /// @copydoc fromInt
+    void fromLong(long value);
+    /// @copydoc fromInt
+    void fromLongLong(long long value);
+    /// @copydoc fromInt
+    void fromFloat(float value);
+    /// @copydoc fromInt
+    void fromDouble(double value);
+    /// Makes this a variant of kind 0 holding @p value.
+    void fromBool(bool value);
+    /// Makes this a variant of kind 1 holding a copy of @p value, without its range.
+    void fromNumber(KDRNumber const& value);
+    /// Makes this a variant of kind 2 holding a copy of @p value that shares its text.
+    void fromString(KDRString const& value);
+    /// Makes this a variant of kind 12 holding a copy of @p value.
+    void fromChar(KDRChar const& value);
+    /// Makes this a variant of kind 3 holding a copy of @p value, ranges included.
+    void fromPoint(KDRPoint const& value);
+    /// Makes this a variant of kind 4 holding a copy of @p value that shares its pixels.
+    void fromImage(KDRImage const& value);
+    /// Makes this a variant of kind 7 holding a copy of @p value.
+    void fromContour(KDRContour const& value);
+    /// Makes this a variant of kind 1001 holding a copy of @p value that shares its list.
+    void fromNumberArray(KDRNumberArray const& value);
+    /// Makes this a variant of kind 1003 holding a copy of @p value.
+    void fromPointArray(KDRPointArray const& value);
+    /// Makes this a variant of kind 1004 holding a copy of @p value whose images share their
+    /// pixels.
+    void fromImageArray(KDRImageArray const& value);
+    /// Makes this a variant of kind 1008 holding a copy of @p value.
+    void fromContourArray(KDRContourArray const& value);
+
+    /// Reads kind 1 as KDRNumber::toInt() gives it.
+    bool toInt(int* out) const;
+    /// Reads kind 1 as KDRNumber::toLong() gives it.
+    bool toLong(long* out) const;
+    /// Reads kind 1 as KDRNumber::toLongLong() gives it.
+    bool toLongLong(long long* out) const;
+    /// Reads kind 1 as KDRNumber::toFloat() gives it.
+    bool toFloat(float* out) const;
+    /// Reads kind 1 as KDRNumber::toDouble() gives it.
+    bool toDouble(double* out) const;
+    /// Reads kind 0.
+    bool toBool(bool* out) const;
+    /// Reads kind 1, the stored number's range included.
+    bool toNumber(KDRNumber* out) const;
+    /// Reads kind 2; the output shares the text.
+    bool toString(KDRString* out) const;
+    /// Reads kind 12.
+    bool toChar(KDRChar* out) const;
+    /// Reads kind 3, ranges included.
+    bool toPoint(KDRPoint* out) const;
+    /// Reads kind 4; the output shares the pixels.
+    bool toImage(KDRImage* out) const;
+    /// Reads kind 7.
+    bool toContour(KDRContour* out) const;
+    /// Reads kind 1001; the output shares the list.
+    bool toNumberArray(KDRNumberArray* out) const;
+    /// Reads kind 1003.
+    bool toPointArray(KDRPointArray* out) const;
+    /// Reads kind 1004; the images of the output share their pixels.
+    bool toImageArray(KDRImageArray* out) const;
+    /// Reads kind 1008.
+    bool toContourArray(KDRContourArray* out) const;
+
+    /// The payload of kind 1.
+    bool toNumberPtr(KDRNumber*& out);
+    /// The payload of kind 2.
+    bool toStringPtr(KDRString*& out);
+    /// The payload of kind 12.
+    bool toCharPtr(KDRChar*& out);
+    /// The payload of kind 3.
+    bool toPointPtr(KDRPoint*& out);
+    /// The payload of kind 4.
+    bool toImagePtr(KDRImage*& out);
+    /// The payload of kind 7.
+    bool toContourPtr(KDRContour*& out);
+    /// Tests kind 1, the number, not 1001: on a number it hands out the address of the stored
+    /// KDRNumber under the name of a number array, which **must not be dereferenced**; on a number
+    /// array it answers false. Use toNumberArray() to read one. Kept on purpose.
+    bool toNumberArrayPtr(KDRNumberArray*& out);
+    /// The payload of kind 1003.
+    bool toPointArrayPtr(KDRPointArray*& out);
+    /// The payload of kind 1004.
+    bool toImageArrayPtr(KDRImageArray*& out);
+    /// The payload of kind 1008.
+    bool toContourArrayPtr(KDRContourArray*& out);
+
+private:
+    friend struct KDRInternal;
+    KDRVariantLock* d;
+};
+
+#endif

@@ -1,0 +1,29 @@
+#include <kdrdata/variant/kdrvariantlock.h>
+
+#include <kdrdata/variant/kdrvariantkinds_p.h>
+#include <kdrdata/variant/kdrvariantprivate.h>
+
+KDRVariantLock::KDRVariantLock() : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate) {}
+
+#define KDR_DEFINE_CONSTRUCTOR(Argument)                                                           \
+    KDRVariantLock::KDRVariantLock(Argument value)                                                 \
+        : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate(value))                           \
+    {                                                                                              \
+    }
+KDR_DEFINE_CONSTRUCTOR(int)
+KDR_DEFINE_CONSTRUCTOR(long)
+KDR_DEFINE_CONSTRUCTOR(long long)
+KDR_DEFINE_CONSTRUCTOR(float)
+KDR_DEFINE_CONSTRUCTOR(double)
+KDR_DEFINE_CONSTRUCTOR(char const*)
+KDR_DEFINE_CONSTRUCTOR(bool)
+
+#define KDR_DEFINE_ROW(Kind, Payload, Name, PointerKind) KDR_DEFINE_CONSTRUCTOR(Payload const&)
+KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
+#undef KDR_DEFINE_ROW
+#undef KDR_DEFINE_CONSTRUCTOR
+
+KDRVariantLock::~KDRVariantLock() { d->decRef(); }
+
+void KDRVariantLock::lock() { m_mutex.lock(); }
+void KDRVariantLock::unlock() { m_mutex.unlock(); }
