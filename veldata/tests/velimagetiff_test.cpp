@@ -1,0 +1,346 @@
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <opencv2/core.hpp>
+#include <tiffio.h>
+
+#include "console.h"
+#include "imagefiles.h"
+
+namespace {
+
+/// A TIFF file as other programs write them; the defaults are a plain 8-bit grey picture.
+struct Tiff
+{
+    char const* mode = "w";
+    cv::Mat pixels = picture(CV_8UC1);
+    int bits = 0; ///< 0 for those of the pixels
+    int photometric = PHOTOMETRIC_MINISBLACK;
+    int compression = COMPRESSION_NONE;
+    int planes = PLANARCONFIG_CONTIG;
+    int rowsPerStrip = 5;
+    int orientation = 0;        ///< 0 for none given
+    int extraSample = -1;       ///< -1 for none given
+    std::uint32_t tileSide = 0; ///< 0 for strips
+
+    void write(std::string const& path) const
+    {
+        TIFF* const tiff = TIFFOpen(path.c_str(), mode);
+        int const depth = pixels.depth();
+        bool const isFloating = depth >= CV_32F;
+        bool const isSigned = depth == CV_8S || depth == CV_16S || depth == CV_32S;
+        TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, pixels.cols);
+        TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, pixels.rows);
+        TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE,
+                     bits ? bits : static_cast<int>(pixels.elemSize1() * 8));
+        TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, pixels.channels());
+        TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT,
+                     isFloating ? SAMPLEFORMAT_IEEEFP
+                     : isSigned ? SAMPLEFORMAT_INT
+                                : SAMPLEFORMAT_UINT);
+        TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, photometric);
+        TIFFSetField(tiff, TIFFTAG_COMPRESSION, compression);
+        TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, planes);
+        if (orientation)
+            TIFFSetField(tiff, TIFFTAG_ORIENTATION, orientation);
+        auto const extra = static_cast<std::uint16_t>(extraSample);
+        if (extraSample >= 0)
+            TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &extra);
+        if (photometric == PHOTOMETRIC_PALETTE)
+            setPalette(tiff);
+        if (tileSide)
+            writeTiles(tiff);
+        else
+            writeRows(tiff);
+        TIFFClose(tiff);
+    }
+
+private:
+    static void setPalette(TIFF* tiff)
+    {
+        std::vector<std::uint16_t> red(256), green(256), blue(256);
+        for (unsigned i = 0; i < 256; ++i) {
+            red[i] = static_cast<std::uint16_t>(i * 257);
+            green[i] = static_cast<std::uint16_t>((255 - i) * 257);
+            blue[i] = 7 * 257;
+        }
+        TIFFSetField(tiff, TIFFTAG_COLORMAP, red.data(), green.data(), blue.data());
+    }
+
+    void writeTiles(TIFF* tiff) const
+    {
+        TIFFSetField(tiff, TIFFTAG_TILEWIDTH, tileSide);
+        TIFFSetField(tiff, TIFFTAG_TILELENGTH, tileSide);
+        Bytes tile(static_cast<std::size_t>(TIFFTileSize(tiff)));
+        for (std::uint32_t i = 0; i < TIFFNumberOfTiles(tiff); ++i)
+            TIFFWriteEncodedTile(tiff, i, tile.data(), static_cast<tmsize_t>(tile.size()));
+    }
+
+    void writeRows(TIFF* tiff) const
+    {
+        TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, rowsPerStrip);
+        int const planeCount = planes == PLANARCONFIG_SEPARATE ? pixels.channels() : 1;
+        for (int plane = 0; plane < planeCount; ++plane) {
+            for (int y = 0; y < pixels.rows; ++y) {
+                cv::Mat row = pixels.row(y).clone();
+                if (planeCount > 1)
+                    cv::extractChannel(row.clone(), row, plane);
+                TIFFWriteScanline(tiff, row.data, static_cast<std::uint32_t>(y),
+                                  static_cast<std::uint16_t>(plane));
+            }
+        }
+    }
+};
+
+VelImage readTiff(Tiff const& tiff)
+{
+    TemporaryDirectory const directory;
+    tiff.write(directory.path("image"));
+    VelImage image;
+    image.ReadImage(directory.path("image").c_str());
+    return image;
+}
+
+/// With red and blue exchanged: files hold red first, images blue.
+cv::Mat swapped(cv::Mat const& mat)
+{
+    cv::Mat result = mat.clone();
+    int const order[] = {0, 2, 2, 0};
+    cv::mixChannels(&mat, 1, &result, 1, order, 2);
+    return result;
+}
+
+TEST(VelImageTiff, EveryElementTypeIsReadUnchanged)
+{
+    Console console;
+    for (int type :
+         {CV_8UC1, CV_8UC3, CV_8UC4, CV_8SC1, CV_8SC3, CV_8SC4, CV_16UC1, CV_16UC3, CV_16UC4,
+          CV_16SC1, CV_16SC3, CV_16SC4, CV_32SC1, CV_32FC1, CV_32FC3, CV_32FC4, CV_64FC1}) {
+        Tiff tiff;
+        tiff.pixels = picture(type);
+        bool const isColour = tiff.pixels.channels() > 1;
+        if (isColour)
+            tiff.photometric = PHOTOMETRIC_RGB;
+        if (tiff.pixels.channels() == 4)
+            tiff.extraSample = EXTRASAMPLE_ASSOCALPHA;
+        EXPECT_TRUE(same(viewOf(readTiff(tiff)), isColour ? swapped(tiff.pixels) : tiff.pixels))
+            << type;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, ElementTypesThatWouldBeConvertedAreRefusedInSilence)
+{
+    Console console;
+    for (int type : {CV_32SC3, CV_32SC4, CV_64FC3, CV_64FC4, CV_8UC2, CV_16UC2}) {
+        Tiff tiff;
+        tiff.pixels = picture(type);
+        if (tiff.pixels.channels() > 2)
+            tiff.photometric = PHOTOMETRIC_RGB;
+        if (tiff.pixels.channels() % 2 == 0)
+            tiff.extraSample = EXTRASAMPLE_ASSOCALPHA;
+        EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, LosslessCompressionsAreRead)
+{
+    Console console;
+    for (int compression : {COMPRESSION_NONE, COMPRESSION_LZW, COMPRESSION_PACKBITS,
+                            COMPRESSION_ADOBE_DEFLATE, COMPRESSION_DEFLATE}) {
+        for (int rows : {1, 5, 1000}) {
+            Tiff tiff;
+            tiff.compression = compression;
+            tiff.rowsPerStrip = rows;
+            EXPECT_TRUE(same(viewOf(readTiff(tiff)), tiff.pixels)) << compression;
+        }
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, ByteOrdersAndBigFiles)
+{
+    Console console;
+    for (char const* mode : {"wl", "wb", "w8l", "w8b"}) {
+        Tiff tiff;
+        tiff.mode = mode;
+        tiff.pixels = picture(CV_16UC1);
+        tiff.orientation = ORIENTATION_BOTRIGHT;
+        EXPECT_TRUE(same(viewOf(readTiff(tiff)), tiff.pixels)) << mode;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, OrientationIsNotApplied)
+{
+    for (int orientation = ORIENTATION_TOPLEFT; orientation <= ORIENTATION_LEFTBOT; ++orientation) {
+        for (int type : {CV_8UC1, CV_16UC1}) {
+            Tiff tiff;
+            tiff.pixels = picture(type);
+            tiff.orientation = orientation;
+            EXPECT_TRUE(same(viewOf(readTiff(tiff)), tiff.pixels)) << orientation;
+        }
+    }
+}
+
+TEST(VelImageTiff, AlphaIsNotMultipliedIntoTheColours)
+{
+    for (int extra : {EXTRASAMPLE_UNSPECIFIED, EXTRASAMPLE_ASSOCALPHA, EXTRASAMPLE_UNASSALPHA}) {
+        for (int type : {CV_8UC4, CV_16UC4}) {
+            Tiff tiff;
+            tiff.pixels = picture(type);
+            tiff.photometric = PHOTOMETRIC_RGB;
+            tiff.extraSample = extra;
+            EXPECT_TRUE(same(viewOf(readTiff(tiff)), swapped(tiff.pixels))) << extra;
+        }
+    }
+}
+
+TEST(VelImageTiff, BilevelAndPalettePicturesBecomeGreyAndColour)
+{
+    Tiff bilevel;
+    bilevel.bits = 1;
+    VelImage const black = readTiff(bilevel);
+    bilevel.photometric = PHOTOMETRIC_MINISWHITE;
+    VelImage const white = readTiff(bilevel);
+    unsigned char const first = bilevel.pixels.at<unsigned char>(1, 0); // its bits are 8 pixels
+    ASSERT_EQ(black.Channels(), 1);
+    ASSERT_EQ(white.Channels(), 1);
+    for (int x = 0; x < 8; ++x) {
+        int const value = (first >> (7 - x) & 1) * 255;
+        EXPECT_EQ(viewOf(black).at<unsigned char>(1, x), value);
+        EXPECT_EQ(viewOf(white).at<unsigned char>(1, x), 255 - value);
+    }
+
+    Tiff palette;
+    palette.photometric = PHOTOMETRIC_PALETTE;
+    VelImage const colour = readTiff(palette);
+    ASSERT_EQ(colour.Channels(), 3);
+    int const index = palette.pixels.at<unsigned char>(2, 3);
+    EXPECT_EQ(viewOf(colour).at<cv::Vec3b>(2, 3),
+              cv::Vec3b(7, static_cast<uchar>(255 - index), static_cast<uchar>(index)));
+}
+
+TEST(VelImageTiff, SeparatePlanesAreReadForEightBits)
+{
+    Tiff tiff;
+    tiff.pixels = picture(CV_8UC3);
+    tiff.photometric = PHOTOMETRIC_RGB;
+    tiff.planes = PLANARCONFIG_SEPARATE;
+    EXPECT_TRUE(same(viewOf(readTiff(tiff)), swapped(tiff.pixels)));
+    tiff.pixels = picture(CV_16UC3);
+    EXPECT_EQ(readTiff(tiff).ImageData(), nullptr);
+}
+
+TEST(VelImageTiff, TiledAndLossyFilesAreRefusedInSilence)
+{
+    Tiff tiled;
+    tiled.tileSide = 16;
+    Tiff lossy;
+    lossy.compression = COMPRESSION_JPEG;
+    lossy.rowsPerStrip = 8;
+    Tiff fax;
+    fax.bits = 1;
+    fax.compression = COMPRESSION_CCITTFAX4;
+    Console console;
+    for (Tiff const& tiff : {tiled, lossy, fax})
+        EXPECT_EQ(readTiff(tiff).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
+struct Field
+{
+    unsigned tag;
+    unsigned value;
+};
+
+/// An uncompressed 4 x 4 grey file whose directory comes before its pixels.
+Bytes directoryFirst(std::vector<Field> const& changes = {})
+{
+    std::vector<Field> fields = {{256, 4}, {257, 4}, {258, 8}, {259, 1}, {262, 1},
+                                 {273, 0}, {277, 1}, {278, 4}, {279, 16}};
+    for (Field const& change : changes) {
+        bool found = false;
+        for (Field& field : fields) {
+            if (field.tag == change.tag) {
+                field.value = change.value;
+                found = true;
+            }
+        }
+        if (!found)
+            fields.push_back(change);
+    }
+    Bytes bytes = {'I', 'I', 42, 0, 8, 0, 0, 0};
+    auto const put = [&bytes](unsigned value, int size) {
+        for (int i = 0; i < size; ++i)
+            bytes.push_back(static_cast<unsigned char>(value >> (8 * i)));
+    };
+    put(static_cast<unsigned>(fields.size()), 2);
+    for (Field const& field : fields) {
+        put(field.tag, 2);
+        put(4, 2); // a 32-bit number
+        put(1, 4);
+        put(field.tag == 273 ? static_cast<unsigned>(14 + 12 * fields.size()) : field.value, 4);
+    }
+    put(0, 4);
+    for (unsigned i = 0; i < 16; ++i)
+        put(i, 1);
+    return bytes;
+}
+
+VelImage readBytes(Bytes const& bytes)
+{
+    TemporaryDirectory const directory;
+    writeFile(directory.path("image"), bytes);
+    VelImage image;
+    image.ReadImage(directory.path("image").c_str());
+    return image;
+}
+
+TEST(VelImageTiff, MissingPixelsBehindTheDirectoryAreNoticed)
+{
+    Bytes const whole = directoryFirst();
+    Console console;
+    EXPECT_EQ(readBytes(whole).Width(), 4);
+    for (std::size_t missing = 1; missing <= 16; ++missing) {
+        Bytes const cut(whole.begin(), whole.end() - static_cast<std::ptrdiff_t>(missing));
+        EXPECT_EQ(readBytes(cut).ImageData(), nullptr) << missing;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, FieldsThatNobodyKnowsArePassedOverInSilence)
+{
+    Console console;
+    EXPECT_EQ(readBytes(directoryFirst({{65000, 1}})).Width(), 4);
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, HostileFieldsAreRefusedInSilence)
+{
+    Console console;
+    for (Field const& field : std::vector<Field>{{256, 0},
+                                                 {256, 0xFFFFFFFF},
+                                                 {257, 0},
+                                                 {257, 0xFFFFFFFF},
+                                                 {257, 1 << 20},
+                                                 {258, 0},
+                                                 {258, 9},
+                                                 {258, 64},
+                                                 {259, 7},
+                                                 {259, 5},
+                                                 {262, 6},
+                                                 {277, 0},
+                                                 {277, 3},
+                                                 {277, 65535},
+                                                 {278, 0}})
+        EXPECT_EQ(readBytes(directoryFirst({field})).ImageData(), nullptr)
+            << field.tag << " = " << field.value;
+    EXPECT_EQ(console.caught(), "");
+}
+
+} // namespace

@@ -1,0 +1,57 @@
+#ifndef VELDATA_VELPIXELS_P_H
+#define VELDATA_VELPIXELS_P_H
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+
+/// The size and type of a pixel block; rows follow each other without gaps.
+struct VelGeometry
+{
+    int width;
+    int height;
+    int channels;
+    int type;
+
+    /// Most pixels an image may have.
+    static constexpr std::int64_t maxPixels = std::int64_t{1} << 30;
+
+    /// Whether an image may have this geometry; the other operations presuppose it.
+    bool isValid() const noexcept;
+
+    /// Bytes of one row, at most INT_MAX.
+    int rowBytes() const noexcept;
+
+    /// Bytes of all rows.
+    std::size_t bytes() const noexcept;
+};
+
+/// The pixels that images share, and how many images do.
+class VelPixels
+{
+public:
+    /// New pixels, counted once, or null: for an invalid geometry, a step shorter than a row (0 for
+    /// tightly packed rows) and when memory runs out. Null @p data gives zeroed pixels.
+    static VelPixels* create(unsigned char const* data, VelGeometry const& geometry,
+                             int step) noexcept;
+
+    VelPixels(VelPixels const&) = delete;
+    VelPixels& operator=(VelPixels const&) = delete;
+
+    /// Counts one image more; null is left alone. Answers its argument.
+    static VelPixels* acquire(VelPixels* pixels) noexcept;
+
+    /// Counts one image less and destroys the pixels with the last one; null is left alone.
+    static void release(VelPixels* pixels) noexcept;
+
+    VelGeometry const geometry;
+    unsigned char* const data;
+
+private:
+    VelPixels(VelGeometry const& pixelGeometry, unsigned char* block) noexcept;
+    ~VelPixels();
+
+    std::atomic<int> images;
+};
+
+#endif
