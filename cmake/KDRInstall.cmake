@@ -1,0 +1,41 @@
+# Installing the library: a CMake package, a pkg-config file, and the public headers under the
+# paths that they are included by. The core library next to it installs itself.
+include(CMakePackageConfigHelpers)
+
+set(KDRDATA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/KDRData")
+set(KDRDATA_PKGCONFIG_DIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# The core library is found beside this one, or where it was linked from.
+set_target_properties(KDRData PROPERTIES
+    INSTALL_RPATH "$ORIGIN"
+    INSTALL_RPATH_USE_LINK_PATH ON)
+install(TARGETS KDRData EXPORT KDRDataTargets
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(EXPORT KDRDataTargets
+    NAMESPACE KDRData::
+    DESTINATION "${KDRDATA_PACKAGE_DIR}")
+
+configure_package_config_file(cmake/KDRDataConfig.cmake.in
+    "${PROJECT_BINARY_DIR}/KDRDataConfig.cmake"
+    INSTALL_DESTINATION "${KDRDATA_PACKAGE_DIR}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KDRDataConfigVersion.cmake"
+    COMPATIBILITY SameMajorVersion)
+install(FILES
+    "${PROJECT_BINARY_DIR}/KDRDataConfig.cmake"
+    "${PROJECT_BINARY_DIR}/KDRDataConfigVersion.cmake"
+    DESTINATION "${KDRDATA_PACKAGE_DIR}")
+
+# The way from the pkg-config file up to the prefix, so that the installed tree can be moved; a
+# library directory outside of the prefix cannot, and is written as it is.
+cmake_path(IS_ABSOLUTE CMAKE_INSTALL_LIBDIR libdir_is_absolute)
+if(libdir_is_absolute)
+    set(KDRDATA_PKGCONFIG_PREFIX "${CMAKE_INSTALL_PREFIX}")
+else()
+    file(RELATIVE_PATH way_up "/${KDRDATA_PKGCONFIG_DIR}" "/")
+    cmake_path(APPEND KDRDATA_PKGCONFIG_PREFIX "\${pcfiledir}" "${way_up}")
+endif()
+cmake_path(APPEND KDRDATA_PKGCONFIG_LIBDIR "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
+cmake_path(APPEND KDRDATA_PKGCONFIG_INCLUDEDIR "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
+configure_file(cmake/kdrdata.pc.in "${PROJECT_BINARY_DIR}/kdrdata.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc" DESTINATION "${KDRDATA_PKGCONFIG_DIR}")

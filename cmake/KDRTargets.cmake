@@ -1,0 +1,34 @@
+include_guard(GLOBAL)
+include(GoogleTest)
+
+# The warnings that this project holds its own code to. Whether a warning is an
+# error is the builder's choice: CMAKE_COMPILE_WARNING_AS_ERROR, set by the CI presets.
+function(kdr_enable_warnings target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+endfunction()
+
+# A shared library that exports on purpose only: hidden by default, and a linker
+# version script that also keeps weak instantiations of other libraries' templates in.
+function(kdr_exports_only target version_script)
+    set_target_properties(${target} PROPERTIES
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        LINK_DEPENDS "${version_script}")
+    target_link_options(${target} PRIVATE "LINKER:--version-script=${version_script}")
+endfunction()
+
+# A GoogleTest executable whose every case is a test of its own process, so that
+# process-wide state (the local text codec) cannot leak from one case to the next.
+function(kdr_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PREFIX" "SOURCES;LIBRARIES")
+    add_executable(${name} ${arg_SOURCES})
+    target_compile_features(${name} PRIVATE cxx_std_17)
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gtest_main)
+    kdr_enable_warnings(${name})
+    gtest_discover_tests(${name}
+        TEST_PREFIX "${arg_PREFIX}"
+        DISCOVERY_MODE PRE_TEST
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120)
+endfunction()
