@@ -1,0 +1,155 @@
+#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/scalars/kdrnumberarray.h>
+
+#include <gtest/gtest.h>
+
+#include <QtCore/qlist.h>
+
+#include "../contract/arraysuite.h"
+
+namespace {
+
+struct NumberArrayTraits
+{
+    using Array = KDRNumberArray;
+    using Element = KDRNumber;
+    static constexpr bool insertsAtEnd = false;
+    static KDRNumber make(int number) { return {number}; }
+    static int read(KDRNumber const& number) { return number.toInt(); }
+};
+
+using ListArrays = testing::Types<NumberArrayTraits>;
+INSTANTIATE_TYPED_TEST_SUITE_P(ListArrays, ArrayContract, ListArrays, );
+
+bool shareStorage(KDRNumberArray const& a, KDRNumberArray const& b)
+{
+    return KDRInternal::wrapped(a).isSharedWith(KDRInternal::wrapped(b));
+}
+
+class NumberArrayRange : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ranged.fromInt(5);
+        ranged.setMaxValue(10.0);
+        ranged.setMinValue(1.0);
+    }
+
+    KDRNumber ranged;
+    KDRNumberArray array;
+};
+
+// The stored range, seen through the one operation that reads it.
+double maximumAt(KDRNumberArray const& array, int index)
+{
+    KDRNumber out;
+    EXPECT_TRUE(array.select(index, &out));
+    return out.maxValue();
+}
+
+TEST_F(NumberArrayRange, StaysBehindOnPushBackAndInsert)
+{
+    array.push_back(ranged);
+    EXPECT_EQ(maximumAt(array, 0), 0.0);
+    ASSERT_TRUE(array.insert(0, ranged));
+    EXPECT_EQ(maximumAt(array, 0), 0.0);
+}
+
+TEST_F(NumberArrayRange, IsStoredByReplaceAndReadBySelect)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    KDRNumber out;
+    ASSERT_TRUE(array.select(0, &out));
+    EXPECT_EQ(out.toInt(), 5);
+    EXPECT_EQ(out.maxValue(), 10.0);
+    EXPECT_EQ(out.minValue(), 1.0);
+}
+
+TEST_F(NumberArrayRange, IsNotInTheCopyThatIndexingReturns)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    EXPECT_EQ(array[0].toInt(), 5);
+    EXPECT_EQ(array[0].maxValue(), 0.0);
+    EXPECT_EQ(maximumAt(array, 0), 10.0);
+}
+
+TEST_F(NumberArrayRange, IsSharedByACopyAndLostByTheSideThatDetaches)
+{
+    array.push_back(KDRNumber(0));
+    array.push_back(KDRNumber(1));
+    ASSERT_TRUE(array.replace(0, ranged));
+    KDRNumberArray copy(array);
+    EXPECT_EQ(maximumAt(copy, 0), 10.0);
+    ASSERT_TRUE(copy.removeAt(1));
+    EXPECT_EQ(maximumAt(copy, 0), 0.0);
+    EXPECT_EQ(maximumAt(array, 0), 10.0);
+}
+
+TEST_F(NumberArrayRange, IsLostByTheOldElementsWhenAnArrayIsAppended)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    KDRNumberArray other;
+    other.push_back(KDRNumber(2));
+    array.push_back(other);
+    EXPECT_EQ(array.length(), 2);
+    EXPECT_EQ(maximumAt(array, 0), 0.0);
+}
+
+class NumberArraySharing : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        array.push_back(KDRNumber(1));
+        array.push_back(KDRNumber(2));
+    }
+
+    KDRNumberArray array;
+};
+
+TEST_F(NumberArraySharing, CopyAndAssignmentShareTheStorage)
+{
+    KDRNumberArray const copy(array);
+    KDRNumberArray assigned;
+    assigned = array;
+    EXPECT_TRUE(shareStorage(array, copy));
+    EXPECT_TRUE(shareStorage(array, assigned));
+}
+
+TEST_F(NumberArraySharing, LengthAndSelectDoNotDetach)
+{
+    KDRNumberArray const copy(array);
+    KDRNumber out;
+    EXPECT_EQ(copy.length(), 2);
+    EXPECT_TRUE(copy.select(1, &out));
+    EXPECT_TRUE(shareStorage(array, copy));
+}
+
+TEST_F(NumberArraySharing, RefusedOperationsDoNotDetach)
+{
+    KDRNumberArray copy(array);
+    EXPECT_FALSE(copy.insert(2, KDRNumber(9)));
+    EXPECT_FALSE(copy.removeAt(2));
+    EXPECT_FALSE(copy.replace(-1, KDRNumber(9)));
+    EXPECT_FALSE(copy.swap(0, 2));
+    EXPECT_TRUE(shareStorage(array, copy));
+}
+
+TEST_F(NumberArraySharing, IndexingAConstantArrayDetaches)
+{
+    KDRNumberArray const copy(array);
+    EXPECT_EQ(copy[0].toInt(), 1);
+    EXPECT_FALSE(shareStorage(array, copy));
+}
+
+TEST_F(NumberArraySharing, EqualPositionsSwapWithoutChangingAnything)
+{
+    EXPECT_TRUE(array.swap(1, 1));
+    EXPECT_EQ(array[1].toInt(), 2);
+}
+
+} // namespace

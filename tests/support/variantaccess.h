@@ -1,0 +1,20 @@
+#ifndef KDRDATA_TESTS_VARIANTACCESS_H
+#define KDRDATA_TESTS_VARIANTACCESS_H
+
+#include <kdrdata/variant/kdrvariant.h>
+#include <kdrdata/variant/kdrvariantlock.h>
+#include <kdrdata/variant/kdrvariantprivate.h>
+
+/// What the tests see of a variant's inside: its lock, its store and the store's fields. Takes the
+/// place of the library's own accessor, so a file includes this one or that one.
+struct KDRInternal
+{
+    static KDRVariantLock& lock(KDRVariant const& variant) { return *variant.d; }
+    static KDRVariantPrivate& store(KDRVariantLock const& lock) { return *lock.d; }
+    static KDRVariantPrivate& store(KDRVariant const& variant) { return *variant.d->d; }
+    static KDRVariantKind& kind(KDRVariantPrivate& store) { return store.m_kind; }
+    static void*& payload(KDRVariantPrivate& store) { return store.m_payload; }
+    static bool& disposed(KDRVariantPrivate& store) { return store.m_disposed; }
+};
+
+#endif

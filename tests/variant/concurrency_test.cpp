@@ -1,0 +1,108 @@
+// Copies and assignments from several threads. Run under Helgrind too, where the two lock orders of
+// copy construction and assignment are the one report to expect.
+
+#include <kdrdata/kdrdata.h>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+#include "../support/variantaccess.h"
+
+namespace {
+
+constexpr int threadCount = 4;
+constexpr int rounds = 500;
+
+template <class Body>
+void inThreads(Body const& body)
+{
+    std::vector<std::thread> threads;
+    threads.reserve(threadCount);
+    for (int number = 0; number < threadCount; ++number)
+        threads.emplace_back(body, number);
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
+TEST(Concurrency, OneHandleIsCopiedFromSeveralThreads)
+{
+    KDRVariant const source(KDRPoint(1.0, 2.0));
+    inThreads([&source](int) {
+        for (int round = 0; round < rounds; ++round) {
+            KDRVariant const copy(source);
+            KDRVariant assigned;
+            assigned = copy;
+            KDRPoint point;
+            ASSERT_TRUE(assigned.toPoint(&point));
+            ASSERT_EQ(point.y(), 2.0);
+        }
+    });
+    EXPECT_EQ(KDRInternal::store(source).refCount(), 1);
+}
+
+TEST(Concurrency, CopiesOfOneHandleAreWrittenInSeveralThreads)
+{
+    KDRVariant const source("text");
+    inThreads([&source](int number) {
+        for (int round = 0; round < rounds; ++round) {
+            KDRVariant copy(source);
+            copy.fromInt(number);
+            int value = -1;
+            ASSERT_TRUE(copy.toInt(&value));
+            ASSERT_EQ(value, number);
+        }
+    });
+    KDRString text;
+    EXPECT_TRUE(source.toString(&text));
+    EXPECT_TRUE(text == KDRString("text"));
+    EXPECT_EQ(KDRInternal::store(source).refCount(), 1);
+}
+
+TEST(Concurrency, OneHandleIsCopiedWhileItIsAssignedTo)
+{
+    KDRVariant const one(1);
+    KDRVariant const two(2);
+    KDRVariant shared(one);
+    inThreads([&](int number) {
+        for (int round = 0; round < rounds; ++round) {
+            if (number == 0) {
+                shared = round % 2 == 0 ? one : two;
+                continue;
+            }
+            KDRVariant const copy(shared);
+            int value = 0;
+            ASSERT_TRUE(copy.toInt(&value));
+            ASSERT_TRUE(value == 1 || value == 2);
+        }
+    });
+    shared = KDRVariant();
+    EXPECT_EQ(KDRInternal::store(one).refCount(), 1);
+    EXPECT_EQ(KDRInternal::store(two).refCount(), 1);
+}
+
+TEST(Concurrency, TheLastHandleMayGoInAnyThread)
+{
+    for (int round = 0; round < 50; ++round) {
+        std::vector<KDRVariant> handles(threadCount, KDRVariant(KDRPoint(1.0, 2.0)));
+        inThreads(
+            [&handles](int number) { handles[static_cast<std::size_t>(number)] = KDRVariant(); });
+    }
+}
+
+TEST(Concurrency, ImagesThatSharePixelsAreCopiedFromSeveralThreads)
+{
+    KDRImage const source(nullptr, 64, 64, 1, 0, KDRImage::DataTypeUInt8);
+    inThreads([&source](int) {
+        for (int round = 0; round < rounds; ++round) {
+            KDRImage const copy(source);
+            KDRImage assigned;
+            assigned = copy;
+            ASSERT_EQ(assigned.dataPtr(), source.dataPtr());
+        }
+    });
+    EXPECT_EQ(source.dataPtr()[0], 0);
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+// What holds when memory runs out in the middle of an operation: nothing leaks, and a handle keeps
+// the value that it had.
+
+#include <kdrdata/kdrdata.h>
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "../support/allocations.h"
+#include "../support/variantaccess.h"
+
+namespace {
+
+// Runs the operation again and again, letting one more allocation pass each time, until it goes
+// through; after each failure the check runs. Answers how often it failed.
+template <class Operation, class Check>
+int failAtEveryAllocation(Operation const& operation, Check const& check)
+{
+    for (long successes = 0;; ++successes) {
+        long const before = allocations::live();
+        try {
+            allocations::FailAfter const limit(successes);
+            operation();
+            return static_cast<int>(successes);
+        } catch (std::bad_alloc const&) {
+            EXPECT_EQ(allocations::live(), before) << "after " << successes << " allocations";
+            check();
+        }
+    }
+}
+
+void checkNothing() {}
+
+TEST(OutOfMemory, ConstructorsLeaveNothingBehind)
+{
+    KDRPoint const point(1.0, 2.0);
+    KDRString const text("text");
+    KDRNumberArray numbers;
+    numbers.push_back(KDRNumber(1));
+    KDRVariant const source(point);
+    // Lock, store, payload holder, and what the payload owns.
+    EXPECT_EQ(failAtEveryAllocation([] { KDRVariant const variant; }, checkNothing), 2);
+    EXPECT_EQ(failAtEveryAllocation([] { KDRVariant const variant(1); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([] { KDRVariant const variant(true); }, checkNothing), 3);
+    EXPECT_EQ(failAtEveryAllocation([] { KDRVariant const variant("text"); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(text); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(point); }, checkNothing), 5);
+    EXPECT_GE(failAtEveryAllocation([&] { KDRVariant const variant(numbers); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const copy(source); }, checkNothing), 2);
+    EXPECT_GE(failAtEveryAllocation([&] { source.clone(); }, checkNothing), 5);
+    EXPECT_EQ(KDRInternal::store(source).refCount(), 1);
+}
+
+TEST(OutOfMemory, AssignmentAllocatesNothing)
+{
+    KDRVariant const source(1);
+    KDRVariant target("text");
+    EXPECT_EQ(failAtEveryAllocation([&] { target = source; }, checkNothing), 0);
+}
+
+TEST(OutOfMemory, AWriterThatFailsKeepsTheOldValue)
+{
+    KDRPoint const point(1.0, 2.0);
+    for (bool const shared : {false, true}) {
+        KDRVariant variant(5);
+        KDRVariant const sharer(shared ? variant : KDRVariant());
+        auto const keepsValue = [&] {
+            int value = 0;
+            EXPECT_TRUE(variant.toInt(&value));
+            EXPECT_EQ(value, 5);
+            EXPECT_EQ(KDRInternal::store(variant).refCount(), shared ? 2 : 1);
+        };
+        EXPECT_GE(failAtEveryAllocation([&] { variant.fromPoint(point); }, keepsValue), 3);
+        EXPECT_EQ(variant.variantType(), 3);
+    }
+}
+
+TEST(OutOfMemory, ACopyOfANumberArrayLeavesNothingBehind)
+{
+    KDRNumberArray numbers;
+    for (int i = 0; i < 5; ++i)
+        numbers.push_back(KDRNumber(i));
+    KDRNumberArray other;
+    other.push_back(KDRNumber(9));
+    auto const keepsNumbers = [&] { EXPECT_EQ(numbers.length(), 5); };
+    EXPECT_GE(failAtEveryAllocation([&] { numbers.push_back(other); }, keepsNumbers), 2);
+    EXPECT_EQ(numbers.length(), 6);
+}
+
+TEST(OutOfMemory, InsertTakesItsPlaceBack)
+{
+    KDRNumberArray numbers;
+    for (int i = 0; i < 5; ++i)
+        numbers.push_back(KDRNumber(i));
+    KDRNumber const value(9);
+    auto const keepsNumbers = [&] {
+        ASSERT_EQ(numbers.length(), 5);
+        for (int i = 0; i < 5; ++i) {
+            KDRNumber out;
+            EXPECT_TRUE(numbers.select(i, &out));
+            EXPECT_EQ(out.toInt(), i);
+        }
+    };
+    // Once for each position, so that both ends of the list move.
+    for (int index = 0; index < 5; ++index) {
+        EXPECT_GE(failAtEveryAllocation([&] { numbers.insert(index, value); }, keepsNumbers), 1);
+        ASSERT_TRUE(numbers.removeAt(index));
+    }
+}
+
+} // namespace

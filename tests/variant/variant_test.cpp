@@ -1,0 +1,301 @@
+#include <kdrdata/kdrdata.h>
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "../support/allocations.h"
+#include "../support/variantaccess.h"
+
+namespace {
+
+bool shareStore(KDRVariant const& a, KDRVariant const& b)
+{
+    return &KDRInternal::store(a) == &KDRInternal::store(b);
+}
+
+int intIn(KDRVariant const& variant)
+{
+    int value = -12345;
+    EXPECT_TRUE(variant.toInt(&value));
+    return value;
+}
+
+TEST(Variant, IsOnePointerWideAndHasNoMoveOfItsOwn)
+{
+    EXPECT_EQ(sizeof(KDRVariant), sizeof(void*));
+    EXPECT_FALSE(std::is_polymorphic<KDRVariant>::value);
+    // What looks like a move copies: the source keeps its value.
+    KDRVariant source(5);
+    KDRVariant const target(std::move(source));
+    EXPECT_EQ(intIn(source), 5);
+    EXPECT_TRUE(shareStore(source, target));
+}
+
+TEST(Variant, DefaultIsEmpty) { EXPECT_EQ(KDRVariant().variantType(), 2000); }
+
+TEST(Variant, EachConstructorMakesItsKind)
+{
+    EXPECT_EQ(KDRVariant(1).variantType(), 1);
+    EXPECT_EQ(KDRVariant(1L).variantType(), 1);
+    EXPECT_EQ(KDRVariant(1LL).variantType(), 1);
+    EXPECT_EQ(KDRVariant(1.0F).variantType(), 1);
+    EXPECT_EQ(KDRVariant(1.0).variantType(), 1);
+    EXPECT_EQ(KDRVariant(true).variantType(), 0);
+    EXPECT_EQ(KDRVariant("text").variantType(), 2);
+    EXPECT_EQ(KDRVariant(KDRNumber()).variantType(), 1);
+    EXPECT_EQ(KDRVariant(KDRString()).variantType(), 2);
+    EXPECT_EQ(KDRVariant(KDRChar('c')).variantType(), 12);
+    EXPECT_EQ(KDRVariant(KDRPoint()).variantType(), 3);
+    EXPECT_EQ(KDRVariant(KDRImage()).variantType(), 4);
+    EXPECT_EQ(KDRVariant(KDRContour()).variantType(), 7);
+    EXPECT_EQ(KDRVariant(KDRNumberArray()).variantType(), 1001);
+    EXPECT_EQ(KDRVariant(KDRPointArray()).variantType(), 1003);
+    EXPECT_EQ(KDRVariant(KDRImageArray()).variantType(), 1004);
+    EXPECT_EQ(KDRVariant(KDRContourArray()).variantType(), 1008);
+}
+
+TEST(Variant, ACStringIsTextOnly)
+{
+    KDRVariant const variant("text");
+    KDRString text;
+    KDRChar character('x');
+    EXPECT_TRUE(variant.toString(&text));
+    EXPECT_TRUE(text == KDRString("text"));
+    EXPECT_FALSE(variant.toChar(&character));
+    EXPECT_EQ(character.unicode(), 'x');
+}
+
+TEST(Variant, CopiesAndAssignmentsShareTheStore)
+{
+    KDRVariant const original(5);
+    KDRVariant const copy(original);
+    KDRVariant assigned;
+    KDRVariant& result = (assigned = original);
+    EXPECT_EQ(&result, &assigned);
+    EXPECT_TRUE(shareStore(original, copy));
+    EXPECT_TRUE(shareStore(original, assigned));
+    EXPECT_EQ(KDRInternal::store(original).refCount(), 3);
+    EXPECT_NE(&KDRInternal::lock(original), &KDRInternal::lock(copy));
+}
+
+TEST(Variant, PointerReadersOfSharingHandlesGiveTheSameObject)
+{
+    KDRVariant source("text");
+    KDRVariant target;
+    target = source;
+    KDRString* first = nullptr;
+    KDRString* second = nullptr;
+    EXPECT_TRUE(source.toStringPtr(first));
+    EXPECT_TRUE(target.toStringPtr(second));
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(first, second);
+}
+
+TEST(Variant, AWriterDetachesAndTheOthersKeepTheOldValue)
+{
+    KDRVariant const first(5);
+    KDRVariant second(first);
+    KDRVariant const third(second);
+    second.fromDouble(1.5);
+    EXPECT_EQ(intIn(first), 5);
+    EXPECT_EQ(intIn(third), 5);
+    double value = 0.0;
+    EXPECT_TRUE(second.toDouble(&value));
+    EXPECT_EQ(value, 1.5);
+    EXPECT_TRUE(shareStore(first, third));
+    EXPECT_FALSE(shareStore(first, second));
+    EXPECT_EQ(KDRInternal::store(first).refCount(), 2);
+    EXPECT_EQ(KDRInternal::store(second).refCount(), 1);
+}
+
+TEST(Variant, EveryWriterDetachesASharedHandle)
+{
+    KDRVariant const original("old");
+    auto const writers = {
+        +[](KDRVariant& v) { v.fromInt(1); },
+        +[](KDRVariant& v) { v.fromLong(1L); },
+        +[](KDRVariant& v) { v.fromLongLong(1LL); },
+        +[](KDRVariant& v) { v.fromFloat(1.0F); },
+        +[](KDRVariant& v) { v.fromDouble(1.0); },
+        +[](KDRVariant& v) { v.fromBool(true); },
+        +[](KDRVariant& v) { v.fromNumber(KDRNumber(1)); },
+        +[](KDRVariant& v) { v.fromString(KDRString("new")); },
+        +[](KDRVariant& v) { v.fromChar(KDRChar('c')); },
+        +[](KDRVariant& v) { v.fromPoint(KDRPoint()); },
+        +[](KDRVariant& v) { v.fromImage(KDRImage()); },
+        +[](KDRVariant& v) { v.fromContour(KDRContour()); },
+        +[](KDRVariant& v) { v.fromNumberArray(KDRNumberArray()); },
+        +[](KDRVariant& v) { v.fromPointArray(KDRPointArray()); },
+        +[](KDRVariant& v) { v.fromImageArray(KDRImageArray()); },
+        +[](KDRVariant& v) { v.fromContourArray(KDRContourArray()); },
+    };
+    for (auto const writer : writers) {
+        KDRVariant shared(original);
+        writer(shared);
+        EXPECT_FALSE(shareStore(shared, original));
+        EXPECT_EQ(KDRInternal::store(original).refCount(), 1);
+        EXPECT_EQ(KDRInternal::store(shared).refCount(), 1);
+        KDRString text;
+        EXPECT_TRUE(original.toString(&text));
+        EXPECT_TRUE(text == KDRString("old"));
+    }
+}
+
+TEST(Variant, AWriterOnAnUnsharedHandleReusesTheStore)
+{
+    KDRVariant variant("text");
+    KDRVariantPrivate const* const store = &KDRInternal::store(variant);
+    variant.fromLongLong(7);
+    EXPECT_EQ(&KDRInternal::store(variant), store);
+    variant.fromBool(true);
+    EXPECT_EQ(&KDRInternal::store(variant), store);
+}
+
+TEST(Variant, SelfAssignmentLeavesTheCountAndTheValue)
+{
+    KDRVariant variant(5);
+    KDRVariant const copy(variant);
+    KDRVariant const& alias = variant;
+    variant = alias;
+    EXPECT_EQ(KDRInternal::store(variant).refCount(), 2);
+    EXPECT_EQ(intIn(variant), 5);
+}
+
+TEST(Variant, AssignmentBetweenSharersLeavesTheCount)
+{
+    KDRVariant first(5);
+    KDRVariant const second(first);
+    first = second;
+    EXPECT_EQ(KDRInternal::store(first).refCount(), 2);
+    EXPECT_EQ(intIn(first), 5);
+}
+
+TEST(Variant, CloneNeverShares)
+{
+    KDRVariant const original(5);
+    KDRVariant copy = original.clone();
+    EXPECT_FALSE(shareStore(original, copy));
+    EXPECT_EQ(KDRInternal::store(original).refCount(), 1);
+    EXPECT_EQ(KDRInternal::store(copy).refCount(), 1);
+    EXPECT_EQ(intIn(copy), 5);
+    copy.fromBool(true);
+    EXPECT_EQ(original.variantType(), 1);
+    EXPECT_EQ(copy.variantType(), 0);
+    EXPECT_EQ(KDRVariant().clone().variantType(), 2000);
+}
+
+TEST(Variant, CloneCopiesThePayloadObject)
+{
+    KDRVariant original{KDRPoint(1.0, 2.0)};
+    KDRVariant copy = original.clone();
+    KDRPoint* inside = nullptr;
+    ASSERT_TRUE(copy.toPointPtr(inside));
+    inside->setX(9.0);
+    KDRPoint point;
+    ASSERT_TRUE(original.toPoint(&point));
+    EXPECT_EQ(point.x(), 1.0);
+}
+
+TEST(Variant, CloneCarriesANumbersRangeThoughTheConstructorDoesNot)
+{
+    KDRNumber ranged(5);
+    ranged.setMaxValue(10.0);
+    KDRVariant variant(ranged);
+    KDRNumber out;
+    ASSERT_TRUE(variant.toNumber(&out));
+    EXPECT_EQ(out.maxValue(), 0.0);
+    KDRNumber* inside = nullptr;
+    ASSERT_TRUE(variant.toNumberPtr(inside));
+    *inside = ranged;
+    ASSERT_TRUE(variant.clone().toNumber(&out));
+    EXPECT_EQ(out.maxValue(), 10.0);
+}
+
+TEST(Variant, AWriteThroughAPointerReaderIsSeenByEverySharer)
+{
+    KDRVariant first{KDRPoint(1.0, 2.0)};
+    KDRVariant const second(first);
+    KDRPoint* inside = nullptr;
+    ASSERT_TRUE(first.toPointPtr(inside));
+    inside->setX(9.0);
+    KDRPoint point;
+    ASSERT_TRUE(second.toPoint(&point));
+    EXPECT_EQ(point.x(), 9.0);
+}
+
+TEST(Variant, APointerReaderGivesTheSameAddressUntilAWriterRuns)
+{
+    KDRVariant variant{KDRImage()};
+    KDRImage* first = nullptr;
+    KDRImage* second = nullptr;
+    EXPECT_TRUE(variant.toImagePtr(first));
+    EXPECT_TRUE(variant.toImagePtr(second));
+    EXPECT_EQ(first, second);
+    variant.fromContour(KDRContour());
+    second = first;
+    EXPECT_FALSE(variant.toImagePtr(second));
+    EXPECT_EQ(second, first);
+}
+
+TEST(Variant, AWriterMayBeGivenItsOwnPayload)
+{
+    for (bool const shared : {false, true}) {
+        KDRVariant variant("text");
+        KDRVariant const other(shared ? variant : KDRVariant());
+        KDRString* text = nullptr;
+        ASSERT_TRUE(variant.toStringPtr(text));
+        variant.fromString(*text);
+        KDRString out;
+        ASSERT_TRUE(variant.toString(&out));
+        EXPECT_TRUE(out == KDRString("text"));
+    }
+}
+
+TEST(Variant, PayloadsAreCopiesOfWhatWasGiven)
+{
+    KDRPoint point(1.0, 2.0);
+    KDRVariant const variant(point);
+    point.setX(9.0);
+    KDRPoint out;
+    ASSERT_TRUE(variant.toPoint(&out));
+    EXPECT_EQ(out.x(), 1.0);
+    out.setX(7.0);
+    KDRPoint again;
+    ASSERT_TRUE(variant.toPoint(&again));
+    EXPECT_EQ(again.x(), 1.0);
+}
+
+TEST(Variant, TextPixelsAndListsAreSharedNotCopied)
+{
+    KDRString const text("some text");
+    KDRImage const image(nullptr, 4, 4, 1, 0, KDRImage::DataTypeUInt8);
+    KDRString textOut;
+    KDRImage imageOut;
+    ASSERT_TRUE(KDRVariant(text).toString(&textOut));
+    ASSERT_TRUE(KDRVariant(image).toImage(&imageOut));
+    EXPECT_EQ(textOut.toUtf16(), text.toUtf16());
+    EXPECT_EQ(imageOut.dataPtr(), image.dataPtr());
+}
+
+TEST(Variant, HandlesGoneLeaveNothingBehind)
+{
+    long const before = allocations::live();
+    {
+        KDRVariant first{KDRPoint(1.0, 2.0)};
+        {
+            KDRVariant const second(first);
+            KDRVariant third;
+            third = second;
+            third.fromBool(true);
+            EXPECT_EQ(KDRInternal::store(first).refCount(), 2);
+        }
+        EXPECT_EQ(KDRInternal::store(first).refCount(), 1);
+        KDRPoint point;
+        EXPECT_TRUE(first.toPoint(&point));
+        EXPECT_EQ(point.y(), 2.0);
+    }
+    EXPECT_EQ(allocations::live(), before);
+}
+
+} // namespace

@@ -1,0 +1,110 @@
+#include <kdrdata/vision/kdrcontourarray.h>
+#include <kdrdata/vision/kdrimagearray.h>
+#include <kdrdata/vision/kdrpointarray.h>
+
+#include <gtest/gtest.h>
+
+#include "../contract/arraysuite.h"
+
+namespace {
+
+struct PointArrayTraits
+{
+    using Array = KDRPointArray;
+    using Element = KDRPoint;
+    static constexpr bool insertsAtEnd = false;
+    static KDRPoint make(int number) { return {number + 0.25, -number - 0.5}; }
+    static int read(KDRPoint const& point)
+    {
+        int const number = static_cast<int>(point.x() - 0.25);
+        EXPECT_EQ(point.y(), -number - 0.5);
+        return number;
+    }
+};
+
+struct ContourArrayTraits
+{
+    using Array = KDRContourArray;
+    using Element = KDRContour;
+    static constexpr bool insertsAtEnd = false;
+    static KDRContour make(int number)
+    {
+        KDRPointArray points;
+        points.push_back(PointArrayTraits::make(number));
+        points.push_back(PointArrayTraits::make(number + 1));
+        KDRContour contour;
+        contour.FromPointArray(points);
+        return contour;
+    }
+    static int read(KDRContour const& contour)
+    {
+        KDRPointArray points;
+        contour.ToPointArray(&points);
+        EXPECT_EQ(points.length(), 2);
+        return PointArrayTraits::read(points[0]);
+    }
+};
+
+struct ImageArrayTraits
+{
+    using Array = KDRImageArray;
+    using Element = KDRImage;
+    static constexpr bool insertsAtEnd = false;
+    static KDRImage make(int number)
+    {
+        short pixel = static_cast<short>(number);
+        return {&pixel, 1, 1, 1, 0, KDRImage::DataTypeInt16};
+    }
+    static int read(KDRImage const& image)
+    {
+        EXPECT_EQ(image.width(), 1);
+        return *reinterpret_cast<short const*>(image.dataPtr());
+    }
+};
+
+using CoreArrays = testing::Types<PointArrayTraits, ContourArrayTraits, ImageArrayTraits>;
+INSTANTIATE_TYPED_TEST_SUITE_P(CoreArrays, ArrayContract, CoreArrays, );
+
+TEST(PointArray, KeepsNoRanges)
+{
+    KDRPoint point(1.0, 2.0);
+    point.setYMinVal(5.0);
+    KDRPointArray array;
+    array.push_back(point);
+    ASSERT_TRUE(array.replace(0, point));
+    ASSERT_TRUE(array.insert(0, point));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(array[i].x(), 1.0);
+        EXPECT_EQ(array[i].y(), 2.0);
+        EXPECT_EQ(array[i].getYMinVal(), -999999.0);
+    }
+}
+
+TEST(PointArray, SelectOverwritesCoordinatesAndLeavesRanges)
+{
+    KDRPointArray array;
+    array.push_back(KDRPoint(1.0, 2.0));
+    KDRPoint out(8.0, 9.0);
+    out.setXMaxVal(50.0);
+    out.setYStepVal(0.5);
+    ASSERT_TRUE(array.select(0, &out));
+    EXPECT_EQ(out.x(), 1.0);
+    EXPECT_EQ(out.y(), 2.0);
+    EXPECT_EQ(out.getXMaxVal(), 50.0);
+    EXPECT_EQ(out.getYStepVal(), 0.5);
+}
+
+TEST(ImageArray, SharesPixelsWithWhatGoesInAndComesOut)
+{
+    KDRImage const image = ImageArrayTraits::make(3);
+    KDRImageArray array;
+    array.push_back(image);
+    KDRImage out;
+    ASSERT_TRUE(array.select(0, &out));
+    EXPECT_EQ(out.dataPtr(), image.dataPtr());
+    EXPECT_EQ(array[0].dataPtr(), image.dataPtr());
+    KDRImageArray const copy(array);
+    EXPECT_EQ(copy[0].dataPtr(), image.dataPtr());
+}
+
+} // namespace
