@@ -88,7 +88,6 @@ KDRVariant::~KDRVariant()
 }
 
 // Assigning a variant to itself adds a count and takes it away again.
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 KDRVariant& KDRVariant::operator=(KDRVariant const& other)
 {
     // The source's lock first, this handle's second: the copy constructor takes them the other way

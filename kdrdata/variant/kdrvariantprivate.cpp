@@ -133,7 +133,6 @@ KDRVariantPrivate::KDRVariantPrivate(KDRVariantPrivate const& other)
 KDRVariantPrivate::~KDRVariantPrivate() { clear(); }
 
 // No guard against self-assignment: a store assigned to itself ends without a payload.
-// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 KDRVariantPrivate& KDRVariantPrivate::operator=(KDRVariantPrivate const& other)
 {
     clear();
