@@ -71,9 +71,12 @@ std::string directoryOf(std::string const& path) { return path.substr(0, path.rf
 int createBeside(std::string const& directory, std::string& name)
 {
     constexpr int attempts = 1000;
+    // The process and the calling thread's own string tell apart who else writes here.
+    std::string const prefix = directory + ".vel-" + std::to_string(::getpid()) + "-" +
+                               std::to_string(reinterpret_cast<std::uintptr_t>(&name)) + "-";
     for (int i = 0; i < attempts; ++i) {
-        name = directory + ".vel-" + std::to_string(::getpid()) + "-" +
-               std::to_string(reinterpret_cast<std::uintptr_t>(&name)) + "-" + std::to_string(i);
+        name = prefix;
+        name += std::to_string(i);
         int const fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (fd >= 0 || errno != EEXIST)
             return fd;

@@ -50,7 +50,8 @@ namespace {
 template <class Integer>
 Integer truncated(double number) noexcept
 {
-    constexpr double limit = static_cast<double>(std::numeric_limits<Integer>::max() / 2 + 1) * 2.0;
+    constexpr int valueBits = std::numeric_limits<Integer>::digits;
+    constexpr double limit = 2.0 * static_cast<double>(Integer(1) << (valueBits - 1));
     return std::fabs(number) < limit ? static_cast<Integer>(number)
                                      : std::numeric_limits<Integer>::min();
 }

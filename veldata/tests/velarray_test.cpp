@@ -269,7 +269,7 @@ TYPED_TEST(VelArray, AssignmentToItselfChangesNothing)
 /// Random operations, checked step by step against std::vector.
 TYPED_TEST(VelArray, BehavesLikeAVector)
 {
-    unsigned const seed = std::random_device()();
+    constexpr unsigned seed = 20230415;
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     auto const pick = [&random](int first, int last) {
