@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# usage: headers.sh COMPILER STANDARD PREFIX FLAG...
+# usage: headers.sh COMPILER STANDARD INCLUDE_DIRECTORY FLAG...
 # Every installed header compiles alone, without a warning, under the language standard.
 set -euo pipefail
 compiler=$1
 standard=$2
-include=$3/include
+include=$3
 shift 3
 
 compile() {
