@@ -244,8 +244,9 @@ bool isDecodable(TIFF* tiff, Layout const& layout)
            (layout.planes == PLANARCONFIG_CONTIG || layout.bits == 8);
 }
 
-/// Decodes everything into one row, over and over.
-bool readsToTheEnd(TIFF* tiff, Layout const& layout)
+/// Decodes everything into one row, over and over: what this passes really holds as many pixels as
+/// it claims.
+bool readsByRows(TIFF* tiff, Layout const& layout)
 {
     Bytes row(static_cast<std::size_t>(TIFFScanlineSize(tiff)));
     int const planes = layout.planes == PLANARCONFIG_SEPARATE ? layout.samples : 1;
@@ -254,6 +255,18 @@ bool readsToTheEnd(TIFF* tiff, Layout const& layout)
             if (TIFFReadScanline(tiff, row.data(), y, static_cast<std::uint16_t>(plane)) != 1)
                 return false;
         }
+    }
+    return true;
+}
+
+/// Decodes everything strip by strip, as OpenCV does. That goes further than the rows: it reaches
+/// what lies behind the last one, the checksum of a deflated strip for instance.
+bool readsByStrips(TIFF* tiff)
+{
+    Bytes strip(static_cast<std::size_t>(TIFFStripSize(tiff)));
+    for (std::uint32_t i = 0; i < TIFFNumberOfStrips(tiff); ++i) {
+        if (TIFFReadEncodedStrip(tiff, i, strip.data(), static_cast<tmsize_t>(strip.size())) < 0)
+            return false;
     }
     return true;
 }
@@ -284,6 +297,7 @@ bool velcodec::prepareTiff(Bytes& bytes)
     if (!tiff)
         return false;
     Layout const layout = layoutOf(tiff.get());
-    return isDecodable(tiff.get(), layout) && readsToTheEnd(tiff.get(), layout) &&
-           (layout.bits > 8 || hasUsableColours(tiff.get())) && !source.failed;
+    return isDecodable(tiff.get(), layout) && readsByRows(tiff.get(), layout) &&
+           readsByStrips(tiff.get()) && (layout.bits > 8 || hasUsableColours(tiff.get())) &&
+           !source.failed;
 }

@@ -343,4 +343,30 @@ TEST(VelImageTiff, HostileFieldsAreRefusedInSilence)
     EXPECT_EQ(console.caught(), "");
 }
 
+/// A deflated strip whose rows all decode, while what lies behind the last one is damaged.
+TEST(VelImageTiff, AStripDamagedBehindItsLastRowIsRefusedInSilence)
+{
+    unsigned char strip[] = {0x78, 0x9C, 0x63, 0x60, 0x60, 0xA2, 0x12, 0x64, 0x18, 0x35,
+                             0x69, 0xD4, 0xA4, 0x51, 0x2B, 0x46, 0x4D, 0x1A, 0x35, 0x69,
+                             0xD4, 0x24, 0x2A, 0xD9, 0x04, 0xCE, 0x88, 0xC9, 0x06, 0x79};
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image.tif");
+    TIFF* const tiff = TIFFOpen(path.c_str(), "w");
+    ASSERT_NE(tiff, nullptr);
+    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, 37);
+    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, 23);
+    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, 23);
+    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 16);
+    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 1);
+    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
+    EXPECT_EQ(TIFFWriteRawStrip(tiff, 0, strip, sizeof strip), static_cast<tmsize_t>(sizeof strip));
+    TIFFClose(tiff);
+
+    Console console;
+    VelImage image;
+    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    EXPECT_EQ(console.caught(), "");
+}
+
 } // namespace
