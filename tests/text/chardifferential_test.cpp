@@ -1,5 +1,6 @@
 #include <kdrdata/text/text.h>
 
+#include "../support/localcodec.h"
 #include "../support/qtprinters.h"
 
 #include <gtest/gtest.h>
@@ -197,6 +198,7 @@ TEST(CharDifferential, SurrogatePairsAreCombinedAsQtDoes)
 
 TEST(CharDifferential, DecompositionsAreQtsWhileTheLocalCodecIsUtf8)
 {
+    LocalCodecGuard const guard;
     KDRString::setLocalTextCodec(KDRString::EncodingUTF8);
     auto const expected = [](QString const& text) { return KDRString(text.toUtf8().constData()); };
     KDRChar character;

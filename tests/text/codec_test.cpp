@@ -1,5 +1,6 @@
 #include <kdrdata/text/kdrstring.h>
 
+#include "../support/localcodec.h"
 #include "../support/qtprinters.h"
 
 #include <QtCore/QTextCodec>
@@ -42,6 +43,12 @@ char const* const expectedNames[encodings] = {
     "UTF-32BE",
     "UTF-32LE"};
 
+class LocalTextCodec : public testing::Test
+{
+private:
+    LocalCodecGuard m_guard;
+};
+
 void setCodec(int value)
 {
     KDRString::setLocalTextCodec(static_cast<KDRString::KDREncoding>(value));
@@ -74,7 +81,7 @@ private:
     QByteArray m_name;
 };
 
-TEST(LocalTextCodec, EachEncodingChoosesTheCodecOfItsName)
+TEST_F(LocalTextCodec, EachEncodingChoosesTheCodecOfItsName)
 {
     QTextCodec* const fallback = defaultCodec();
     QTextCodec* const koi = QTextCodec::codecForName("KOI8-R");
@@ -94,7 +101,7 @@ TEST(LocalTextCodec, EachEncodingChoosesTheCodecOfItsName)
     EXPECT_GT(found, 12) << "Qt knows too few codecs for this test to tell much";
 }
 
-TEST(LocalTextCodec, TheEnumeratorsAreInTheOrderOfTheNames)
+TEST_F(LocalTextCodec, TheEnumeratorsAreInTheOrderOfTheNames)
 {
     EXPECT_EQ(KDRString::EncodingBig5, 0);
     EXPECT_EQ(KDRString::EncodingBig5HKSCS, 1);
@@ -125,7 +132,7 @@ TEST(LocalTextCodec, TheEnumeratorsAreInTheOrderOfTheNames)
     EXPECT_EQ(KDRString::EncodingUTF32LE, 26);
 }
 
-TEST(LocalTextCodec, SummaryNamesGoBackToTheDefaultCodec)
+TEST_F(LocalTextCodec, SummaryNamesGoBackToTheDefaultCodec)
 {
     QTextCodec* const fallback = defaultCodec();
     for (int value : {11, 12, 13}) {
@@ -138,7 +145,7 @@ TEST(LocalTextCodec, SummaryNamesGoBackToTheDefaultCodec)
     }
 }
 
-TEST(LocalTextCodec, NamesThatQtDoesNotKnowAreLookedUpAllTheSame)
+TEST_F(LocalTextCodec, NamesThatQtDoesNotKnowAreLookedUpAllTheSame)
 {
     int unknown = 0;
     for (int value = 0; value < encodings; ++value) {
@@ -153,7 +160,7 @@ TEST(LocalTextCodec, NamesThatQtDoesNotKnowAreLookedUpAllTheSame)
     EXPECT_GE(unknown, 3) << "no codec has one of the summary names";
 }
 
-TEST(LocalTextCodec, ValuesOutsideTheEnumerationChangeNothing)
+TEST_F(LocalTextCodec, ValuesOutsideTheEnumerationChangeNothing)
 {
     for (int value : {27, -1, 28, 127, 256, INT_MAX, INT_MIN}) {
         SCOPED_TRACE(value);
@@ -164,7 +171,7 @@ TEST(LocalTextCodec, ValuesOutsideTheEnumerationChangeNothing)
     }
 }
 
-TEST(LocalTextCodec, LocalConversionsUseTheCodec)
+TEST_F(LocalTextCodec, LocalConversionsUseTheCodec)
 {
     KDRString const text("\xC3\xA4");     // U+00E4
     KDRString const cyrillic("\xD0\x96"); // U+0416
@@ -177,13 +184,13 @@ TEST(LocalTextCodec, LocalConversionsUseTheCodec)
     EXPECT_EQ(bytesOf(cyrillic.toUtf8()), QByteArray("\xD0\x96")) << "not a local conversion";
 }
 
-TEST(LocalTextCodec, TheChoiceIsTheProcesssAndQtSeesItToo)
+TEST_F(LocalTextCodec, TheChoiceIsTheProcesssAndQtSeesItToo)
 {
     setCodec(KDRString::EncodingKOI8R);
     EXPECT_EQ(QString(QChar(0x0416)).toLocal8Bit(), QByteArray("\xF6"));
 }
 
-TEST(LocalTextCodec, DecompositionIsExactInUtf8Only)
+TEST_F(LocalTextCodec, DecompositionIsExactInUtf8Only)
 {
     setCodec(KDRString::EncodingUTF8);
     KDRString exact = KDRChar(0x00E9).decomposition();
@@ -199,7 +206,7 @@ TEST(LocalTextCodec, DecompositionIsExactInUtf8Only)
     }
 }
 
-TEST(LocalTextCodec, DecompositionEndsAtTheFirstZeroByteOfTheEncoding)
+TEST_F(LocalTextCodec, DecompositionEndsAtTheFirstZeroByteOfTheEncoding)
 {
     setCodec(KDRString::EncodingUTF16BE);
     // The UTF-16 of the ASCII letter has a zero byte at least behind it; Qt writes a byte order

@@ -2,6 +2,7 @@
 
 #include <kdrdata/kdrinternal_p.h>
 
+#include "../support/localcodec.h"
 #include "../support/qtprinters.h"
 
 #include <QtCore/QTextCodec>
@@ -90,6 +91,7 @@ void expectSame(KDRBuffer const& ours, QByteArray const& qts)
 
 TEST(StringDifferential, DecodingIsQts)
 {
+    LocalCodecGuard const guard;
     KDRString::setLocalTextCodec(KDRString::EncodingShiftJIS);
     for (QByteArray const& bytes : byteSequences(1500)) {
         SCOPED_TRACE(bytes.toHex().constData());
@@ -112,6 +114,7 @@ TEST(StringDifferential, DecodingIsQts)
 
 TEST(StringDifferential, EncodingIsQts)
 {
+    LocalCodecGuard const guard;
     KDRString::setLocalTextCodec(KDRString::EncodingShiftJIS);
     for (QString const& text : texts(1500)) {
         SCOPED_TRACE(testing::PrintToString(text));

@@ -1,5 +1,6 @@
 #include <kdrdata/text/kdrstring.h>
 
+#include "../support/localcodec.h"
 #include "../support/qtprinters.h"
 
 #include <gtest/gtest.h>
@@ -92,6 +93,7 @@ TEST(StringEncoding, EncodersGiveTheBytes)
     KDRString const text("a\xC3\xA4");
     EXPECT_EQ(bytesOf(text.toLatin1()), QByteArray("a\xE4"));
     EXPECT_EQ(bytesOf(text.toUtf8()), QByteArray("a\xC3\xA4"));
+    LocalCodecGuard const guard;
     KDRString::setLocalTextCodec(KDRString::EncodingUTF8);
     EXPECT_EQ(bytesOf(text.toLocal8Bit()), QByteArray("a\xC3\xA4"));
 }

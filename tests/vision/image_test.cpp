@@ -12,6 +12,8 @@
 #include <cstring>
 #include <string>
 
+#include "../support/localcodec.h"
+
 namespace {
 
 std::array<unsigned char, 6> const pixels{10, 20, 30, 40, 50, 60};
@@ -132,6 +134,7 @@ TEST_F(ImageFiles, NamesAreEncodedWithTheLocalTextCodec)
 {
     KDRImage image = greyImage();
     QByteArray const encoded = QByteArray(path("part-").c_str()) + "\xEF.png";
+    LocalCodecGuard const guard;
     KDRString::setLocalTextCodec(KDRString::EncodingIBM866);
     ASSERT_NE(QTextCodec::codecForName("IBM 866"), nullptr);
     KDRString name; // U+044F in its name, which is the byte 0xEF there
@@ -142,6 +145,8 @@ TEST_F(ImageFiles, NamesAreEncodedWithTheLocalTextCodec)
     std::fclose(file);
     KDRImage back;
     EXPECT_NE(back.read(name), 0);
+    // Under another codec Qt could not name the file when it removes the directory.
+    EXPECT_EQ(std::remove(encoded.constData()), 0);
 }
 
 TEST_F(ImageFiles, ReadOfAMissingFileFailsAndKeepsThePixels)
