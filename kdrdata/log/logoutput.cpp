@@ -11,8 +11,11 @@ LogOutput::~LogOutput()
 {
     // Cleared before the delete: the instance's own destructor then finds nothing left to delete.
     LogOutput* const instance = std::exchange(m_instance, nullptr);
-    if (instance != this)
-        delete instance;
+    if (instance == this)
+        return;
+    // Where the instance owns this sink, it would delete it a second time.
+    setParent(nullptr);
+    delete instance;
 }
 
 LogOutput* LogOutput::getInstance() { return m_instance; }

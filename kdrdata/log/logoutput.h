@@ -27,7 +27,7 @@ public:
     explicit LogOutput(QObject* parent);
     /// Ends the process-wide sink too: takes the instance, clears it, then deletes it unless it is
     /// this very object. Afterwards getInstance() answers null. Neither the library nor its
-    /// callers destroy a sink in ordinary use.
+    /// callers destroy a sink in ordinary use. Kept on purpose.
     ~LogOutput() override;
 
     /// The process-wide sink as it stands; never null after load unless a sink was destroyed. It is

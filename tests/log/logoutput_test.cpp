@@ -106,4 +106,19 @@ TEST(LogOutputDeathTest, AParentDestroysItsSink)
     EXPECT_EXIT(body(), testing::ExitedWithCode(0), "");
 }
 
+TEST(LogOutputDeathTest, DestroyingAChildOfTheInstanceTerminates)
+{
+    auto const child = [] {
+        delete new LogOutput(LogOutput::getInstance());
+        std::_Exit(LogOutput::getInstance() == nullptr ? 0 : 1);
+    };
+    EXPECT_EXIT(child(), testing::ExitedWithCode(0), "");
+    auto const grandchild = [] {
+        auto* const between = new QObject(LogOutput::getInstance());
+        delete new LogOutput(between);
+        std::_Exit(LogOutput::getInstance() == nullptr ? 0 : 1);
+    };
+    EXPECT_EXIT(grandchild(), testing::ExitedWithCode(0), "");
+}
+
 } // namespace
