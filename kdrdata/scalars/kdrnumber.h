@@ -12,7 +12,8 @@ struct KDRInternal;
 /// (maximum, minimum, step) is what a user interface offers for a tool parameter; the number never
 /// tests its value against it, neither on writing nor on reading.
 ///
-/// Each handle owns its record alone: copies are deep, one heap allocation each. Copy construction
+/// Each handle owns its record alone: copies are deep, one heap allocation each, which throws
+/// std::bad_alloc where memory runs out. Copy construction
 /// carries the value without the range, assignment carries both.
 ///
 /// @code
@@ -22,7 +23,7 @@ struct KDRInternal;
 /// int const level = threshold.toInt();
 /// @endcode
 ///
-/// Threads: a plain value; one number is used by one thread at a time.
+/// Threads: a plain value; one number may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRNumber
 {
 public:
@@ -76,7 +77,8 @@ public:
     /// given as it is.
     double toDouble() const;
 
-    /// The kind of the number: 0 integer, 1 floating point.
+    /// The kind of the number: 0 integer, 1 floating point. Not for constant numbers. Kept on
+    /// purpose.
     int numType();
 
     /// Sets the upper bound of the range. Nothing is checked.

@@ -16,7 +16,7 @@ struct KDRInternal;
 ///
 /// Numbers enter the list, and are copied when a shared list detaches, by copy construction, which
 /// leaves their range behind (see KDRNumber). Only replace() stores a range into an element and
-/// only select() reads it out.
+/// only select() reads it out. Out of memory is std::bad_alloc and leaves the array as it was.
 ///
 /// @code
 /// KDRNumberArray areas;
@@ -45,7 +45,10 @@ public:
 
     /// Appends a copy of @p value; its range stays behind.
     void push_back(KDRNumber const& value);
-    /// Appends all elements of @p other in order; @p other may be this array itself.
+    /// Appends all elements of @p other in order; @p other may be this array itself. A new list is
+    /// built and installed, so that all ranges stay behind, those of the old elements too.
+    /// Appending to an empty array shares the storage of @p other instead, ranges included, and
+    /// appending an empty array changes nothing.
     void push_back(KDRNumberArray const& other);
 
     /// Inserts a copy of @p value before @p index. Answers true when 0 <= @p index < length();

@@ -39,6 +39,8 @@ struct KDRInternal;
 /// object is shared by every handle that shares the store and is never the caller's to delete: it
 /// dies with the store's last handle and with the next writer on an unshared handle.
 ///
+/// Out of memory is std::bad_alloc; a constructor then leaves nothing behind.
+///
 /// @code
 /// KDRVariant parameter(128);
 /// KDRVariant copy(parameter);       // shares the store
@@ -51,8 +53,10 @@ struct KDRInternal;
 /// copied from several threads at once and while another thread assigns to it. Copy construction
 /// locks the new handle first, assignment the source first; two handles assigned to each other
 /// crosswise from two threads at once can therefore deadlock, which is the callers' to avoid.
-/// Readers and writers take no lock: one handle must not be written from two threads at once, nor
-/// read while it is written. Handles that share a store may be used from different threads.
+/// Readers, writers and clone() take no lock: a handle must not be read, cloned, copied or assigned
+/// while a writer runs on it, nor read or cloned while it is assigned to. Handles that share a
+/// store may be used in different threads; what a pointer reader hands out must not be changed
+/// while another handle of that store is used.
 class KDRDATA_EXPORT KDRVariant
 {
 public:
@@ -68,7 +72,8 @@ public:
     KDRVariant(float value);
     /// @copydoc KDRVariant(int)
     KDRVariant(double value);
-    /// A variant of kind 0 holding the flag @p value.
+    /// A variant of kind 0 holding the flag @p value. Every pointer but one to `char` turns into a
+    /// flag too: dereference it.
     KDRVariant(bool value);
     /// A variant of kind 2 holding KDRString(text): UTF-8 up to the terminating zero; null gives a
     /// null string.
@@ -94,16 +99,18 @@ public:
     /// A variant of kind 1008 holding a copy of @p value.
     KDRVariant(KDRContourArray const& value);
 
-    /// Shares the store of @p other.
+    /// Shares the store of @p other. Locks the new handle first, then @p other. Kept on purpose.
     KDRVariant(KDRVariant const& other);
     /// Gives up this handle's share of the store.
     ~KDRVariant();
 
-    /// Shares the store of @p other and gives up the old one. Returns this variant.
+    /// Shares the store of @p other and gives up the old one. Locks @p other first, then this
+    /// handle. Kept on purpose. Returns this variant.
     KDRVariant& operator=(KDRVariant const& other);
 
-    /// A variant with a store of its own and a deep copy of the payload. The payload is assigned,
-    /// not copy-constructed: a number keeps its range. Takes no lock.
+    /// A variant with a store and a payload object of its own. The payload is assigned, not
+    /// copy-constructed: a number keeps its range, and what its class shares on assignment (text,
+    /// lists, pixels) stays shared. Takes no lock.
     KDRVariant clone() const;
 
     /// The kind of the value, 2000 for an empty variant.
@@ -113,8 +120,8 @@ public:
     /// "iType:1,Max:%2,Min:%3,step:%4" of a number (where step is KDRNumber::step(), the minimum),
     /// "iType:2,length:%2" of a string, and
     /// "iType:3,XMax:%2,XMin:%3,XStep:%4,YMax:%5,YMin:%6,YStep:%7" of a point; empty for every
-    /// other kind. Floating-point values have up to six significant digits. The variant is not
-    /// changed.
+    /// other kind, but not null. Floating-point values have up to six significant digits. The
+    /// variant is not changed, and yet the operation is not for constant ones. Kept on purpose.
     KDRString attribute();
 
     /// Makes this a variant of kind 1 holding KDRNumber(value).

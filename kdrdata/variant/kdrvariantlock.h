@@ -25,6 +25,9 @@ struct KDRInternal;
 ///
 /// Each constructor makes the mutex, then a store of count 1 from the same argument; where making
 /// the store throws, nothing is left behind. A lock is never copied: a handle makes a new one.
+///
+/// Threads: lock() and unlock() may be called from any thread, each unlock() from the one that
+/// locked.
 class KDRDATA_EXPORT KDRVariantLock
 {
 public:

@@ -93,8 +93,9 @@ public:
 
     /// Frees the payload, then takes over kind and `disposed` flag of @p other and a deep copy of
     /// its payload; the count is not touched. A null payload gives a null payload of the same kind,
-    /// and so does assigning a store to itself, whose payload is gone by then. Kept on purpose.
-    /// Returns this store.
+    /// and so does assigning a store to itself, whose payload is gone by then. Where the copy
+    /// throws, this store has the kind of @p other and no payload. Kept on purpose. Returns this
+    /// store.
     KDRVariantPrivate& operator=(KDRVariantPrivate const& other);
 
     /// The kind.

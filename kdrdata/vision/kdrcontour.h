@@ -17,7 +17,7 @@ struct KDRInternal;
 /// double const squarePixels = outline.area();
 /// @endcode
 ///
-/// Threads: a plain value; one contour is used by one thread at a time.
+/// Threads: a plain value; one contour may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRContour
 {
 public:
@@ -35,7 +35,7 @@ public:
     /// `ToPointArray`). @p points must not be null.
     void ToPointArray(KDRPointArray* points) const;
     /// Replaces the contour by @p points, in order (the core contour's `FromPointArray`); @p points
-    /// is not changed.
+    /// is not changed, and yet must not be constant. Kept on purpose.
     void FromPointArray(KDRPointArray& points);
 
     /// The number of points (the core contour's `Length`).

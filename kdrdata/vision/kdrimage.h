@@ -13,8 +13,9 @@ struct KDRInternal;
 /// core image's assignment, which shares the pixels: writing through dataPtr() is then seen by
 /// every image that shares them. Only clone() promises pixels of its own.
 ///
-/// Geometry is in pixels, the row step in bytes. Results of type `int` are the core library's:
-/// non-zero for success, 0 for failure, which leaves the image as it was.
+/// Geometry is in pixels, the row step in bytes. What GenImageExt(), read() and save() answer is
+/// the core library's: non-zero for success, 0 for failure, which leaves the image as it was,
+/// except as read() says.
 ///
 /// @code
 /// KDRImage image;
@@ -22,8 +23,8 @@ struct KDRInternal;
 ///     return false;
 /// @endcode
 ///
-/// Threads: one image is used by one thread at a time; images that share pixels may be copied and
-/// destroyed from different threads.
+/// Threads: one image may be read and copied by several threads while none changes it; images that
+/// share pixels may be copied, assigned and destroyed in different threads.
 class KDRDATA_EXPORT KDRImage
 {
 public:
@@ -59,7 +60,8 @@ public:
     int GenImageExt(void* data, int width, int height, int channels, int step,
                     KDRImage::DataType type);
 
-    /// An image with a copy of the pixels that nothing else shares (the core image's `DeepCopy`).
+    /// An image with a copy of the pixels that nothing else shares (the core image's `DeepCopy`);
+    /// empty, 0 x 0, where memory runs out. Not for constant images. Kept on purpose.
     KDRImage clone();
 
     /// The width in pixels.

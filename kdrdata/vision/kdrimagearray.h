@@ -16,7 +16,7 @@ struct KDRInternal;
 /// same names. Copies copy the elements, which again share their pixels. Indexes are `int`, counted
 /// from 0.
 ///
-/// Threads: a plain value; one array is used by one thread at a time.
+/// Threads: a plain value; one array may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRImageArray
 {
 public:

@@ -17,7 +17,7 @@ struct KDRInternal;
 /// centre.setXMaxVal(383.0);
 /// @endcode
 ///
-/// Threads: a plain value; one point is used by one thread at a time.
+/// Threads: a plain value; one point may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRPoint
 {
 public:

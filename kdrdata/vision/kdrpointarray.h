@@ -14,7 +14,7 @@ struct KDRInternal;
 /// The handle owns one core-library array (`VelPointArray`) and forwards to its operations of the
 /// same names. Copies are deep. Indexes are `int`, counted from 0.
 ///
-/// Threads: a plain value; one array is used by one thread at a time.
+/// Threads: a plain value; one array may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRPointArray
 {
 public:
