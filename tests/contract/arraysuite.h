@@ -142,11 +142,15 @@ TYPED_TEST_P(ArrayContract, ClearLeavesAnEmptyUsableArray)
     EXPECT_EQ(this->numbersOf(array), (std::vector<int>{5}));
 }
 
-TYPED_TEST_P(ArrayContract, IndexReadsACopy)
+TYPED_TEST_P(ArrayContract, IndexReadsACopyAndIsAssertedInDebugBuilds)
 {
     auto const array = this->arrayOf({4, 5});
     EXPECT_EQ(TypeParam::read(array[0]), 4);
     EXPECT_EQ(TypeParam::read(array[1]), 5);
+#ifndef NDEBUG
+    EXPECT_DEATH(array[2], "");
+    EXPECT_DEATH(array[-1], "");
+#endif
 }
 
 TYPED_TEST_P(ArrayContract, CopiesKeepTheirElementsWhenTheOriginalChanges)
@@ -249,15 +253,13 @@ TYPED_TEST_P(ArrayContract, AgreesWithAVectorUnderRandomOperations)
     EXPECT_EQ(this->numbersOf(array), model);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ArrayContract, IsOnePointerWide, StartsEmpty, PushBackAppendsInOrder,
-                            PushBackOfAnArrayAppendsItsElementsInOrder,
-                            PushBackOntoItselfDoublesTheElements,
-                            InsertPutsTheElementBeforeTheIndex, InsertAtLengthIsRefused,
-                            PositionsOutsideAreRefusedAndChangeNothing,
-                            SelectOutsideLeavesTheOutputUntouched,
-                            RemoveReplaceAndSwapActOnTheirPositions, ClearLeavesAnEmptyUsableArray,
-                            IndexReadsACopy, CopiesKeepTheirElementsWhenTheOriginalChanges,
-                            AssignmentToItselfChangesNothing,
-                            AgreesWithAVectorUnderRandomOperations);
+REGISTER_TYPED_TEST_SUITE_P(
+    ArrayContract, IsOnePointerWide, StartsEmpty, PushBackAppendsInOrder,
+    PushBackOfAnArrayAppendsItsElementsInOrder, PushBackOntoItselfDoublesTheElements,
+    InsertPutsTheElementBeforeTheIndex, InsertAtLengthIsRefused,
+    PositionsOutsideAreRefusedAndChangeNothing, SelectOutsideLeavesTheOutputUntouched,
+    RemoveReplaceAndSwapActOnTheirPositions, ClearLeavesAnEmptyUsableArray,
+    IndexReadsACopyAndIsAssertedInDebugBuilds, CopiesKeepTheirElementsWhenTheOriginalChanges,
+    AssignmentToItselfChangesNothing, AgreesWithAVectorUnderRandomOperations);
 
 #endif

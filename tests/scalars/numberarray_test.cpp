@@ -99,6 +99,18 @@ TEST_F(NumberArrayRange, IsLostByTheOldElementsWhenAnArrayIsAppended)
     EXPECT_EQ(maximumAt(array, 0), 0.0);
 }
 
+TEST_F(NumberArrayRange, IsKeptWhereAppendingAnArrayCopiesNoElement)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    array.push_back(KDRNumberArray());
+    EXPECT_EQ(maximumAt(array, 0), 10.0);
+    KDRNumberArray empty;
+    empty.push_back(array);
+    EXPECT_EQ(maximumAt(empty, 0), 10.0);
+    EXPECT_TRUE(shareStorage(array, empty));
+}
+
 class NumberArraySharing : public testing::Test
 {
 protected:

@@ -81,6 +81,7 @@ TEST(Attribute, OfEveryOtherKindIsEmpty)
     EXPECT_EQ(describe(KDRVariant(KDRContour())), "");
     EXPECT_EQ(describe(KDRVariant(KDRNumberArray())), "");
     EXPECT_EQ(describe(KDRVariant(KDRPointArray())), "");
+    EXPECT_FALSE(KDRVariant().attribute().isNull());
 }
 
 TEST(Attribute, LeavesTheVariantAsItWas)

@@ -78,6 +78,20 @@ TEST(Lock, KeepsOtherThreadsFromTheHandleUntilUnlock)
     EXPECT_EQ(value, 5);
 }
 
+TEST(Lock, AssignmentTakesTheSourceBeforeTheTarget)
+{
+    KDRVariant source(5);
+    KDRVariant target;
+    KDRInternal::lock(source).lock();
+    bool targetWasTaken = true;
+    auto const tryTarget = [&] {
+        targetWasTaken = waitsFor([&] { KDRVariant const copy(target); },
+                                  [&] { KDRInternal::lock(source).unlock(); });
+    };
+    EXPECT_TRUE(waitsFor([&] { target = source; }, tryTarget));
+    EXPECT_FALSE(targetWasTaken);
+}
+
 TEST(Lock, IsNotTakenByReadersWritersAndClones)
 {
     KDRVariant variant(5);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 #include "../support/allocations.h"
 #include "../support/blocking.h"
@@ -283,15 +284,36 @@ TEST(Store, LockKeepsOtherThreadsFromTheCountUntilUnlock)
     EXPECT_EQ(store.refCount(), 1);
 }
 
-TEST(Store, LockAndUnlockDoNothingOnADisposedStore)
+TEST(Store, LockDoesNothingOnADisposedStore)
 {
     KDRVariantPrivate store(5);
     KDRInternal::disposed(store) = true;
     store.lock();
     store.lock(); // would wait for ever if the first had locked
     store.incRef();
-    store.unlock();
     EXPECT_EQ(store.refCount(), 2);
+}
+
+TEST(Store, UnlockDoesNothingOnADisposedStore)
+{
+    KDRVariantPrivate store(5);
+    store.lock();
+    KDRInternal::disposed(store) = true;
+    store.unlock();
+    KDRInternal::disposed(store) = false;
+    EXPECT_TRUE(waitsFor([&store] { store.incRef(); }, [&store] { store.unlock(); }));
+}
+
+TEST(Store, AssignmentThatFailsLeavesTheKindOfTheSourceWithoutAPayload)
+{
+    KDRVariantPrivate const source(KDRPoint(1.0, 2.0));
+    KDRVariantPrivate target(5);
+    {
+        allocations::FailAfter const limit(1);
+        EXPECT_THROW(target = source, std::bad_alloc);
+    }
+    EXPECT_EQ(target.variantType(), 3);
+    EXPECT_EQ(KDRInternal::payload(target), nullptr);
 }
 
 TEST(Store, AssignmentCopiesTheDisposedFlag)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <type_traits>
+#include <utility>
 
 #include "../support/allocations.h"
 #include "../support/variantaccess.h"
@@ -210,6 +211,14 @@ TEST(Variant, CloneCarriesANumbersRangeThoughTheConstructorDoesNot)
     *inside = ranged;
     ASSERT_TRUE(variant.clone().toNumber(&out));
     EXPECT_EQ(out.maxValue(), 10.0);
+}
+
+TEST(Variant, CloneOfAnImageStillSharesItsPixels)
+{
+    KDRImage const image(nullptr, 4, 4, 1, 0, KDRImage::DataTypeUInt8);
+    KDRImage out;
+    ASSERT_TRUE(KDRVariant(image).clone().toImage(&out));
+    EXPECT_EQ(out.dataPtr(), image.dataPtr());
 }
 
 TEST(Variant, AWriteThroughAPointerReaderIsSeenByEverySharer)
