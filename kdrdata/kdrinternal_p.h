@@ -21,6 +21,15 @@ struct KDRInternal
         return *handle.d;
     }
 
+    /// A new handle that takes over @p value, so that the result costs its holder and nothing more.
+    template <class Handle, class Value>
+    static Handle taking(Value value)
+    {
+        Handle handle;
+        wrapped(handle).swap(value);
+        return handle;
+    }
+
     /// The owning pointer itself, for tests of null and for exchanging what a handle refers to.
     template <class Handle>
     static auto& pointer(Handle& handle) noexcept

@@ -6,6 +6,7 @@
 
 #include <kdrdata/text/kdrbuffer.h>
 #include <kdrdata/text/kdrchar.h>
+#include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstring.h>
 
 #endif
