@@ -1,13 +1,20 @@
 #include <kdrdata/text/kdrstring.h>
 
 #include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/text/kdrregexp.h>
+#include <kdrdata/text/kdrstringarray.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QChar>
+#include <QtCore/QRegExp>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QTextCodec>
 
+#include <algorithm>
+#include <climits>
 #include <iterator>
+#include <new>
 
 namespace {
 
@@ -43,6 +50,47 @@ constexpr char const* codecNames[] = {
     "UTF-32LE",
 };
 static_assert(std::size(codecNames) == KDRString::EncodingUTF32LE + 1);
+
+// Qt's enumerations cannot hold every int, so that values outside are sorted in here, as Qt itself
+// would take them.
+Qt::CaseSensitivity qtCase(KDRString::KDRCaseSensitivity cs)
+{
+    return cs == KDRString::KDRCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
+}
+
+Qt::SplitBehavior qtBehavior(KDRString::KDRSplitBehavior behavior)
+{
+    return behavior == KDRString::KDRKeepEmptyParts ? Qt::KeepEmptyParts : Qt::SkipEmptyParts;
+}
+
+char formatLetter(KDRString::KDRConversionFormat format)
+{
+    return format == KDRString::KDRFormatGeneral ? 'g' : 'f';
+}
+
+// Qt divides by base 0, never comes to an end with base 1 and has no digits beyond base 36.
+int knownBase(int base) { return base < 2 || base > 36 ? 10 : base; }
+
+// Qt aborts the program at the largest precisions. No text is long enough for them.
+int possiblePrecision(int precision)
+{
+    if (precision > INT_MAX / 2)
+        throw std::bad_alloc();
+    return precision;
+}
+
+// Qt adds position and length without looking and writes outside the text when the sum overflows.
+void insertAt(QString& text, int i, QString const& inserted)
+{
+    if (!inserted.isEmpty() && i > INT_MAX - inserted.size())
+        throw std::bad_alloc();
+    text.insert(i, inserted);
+}
+
+QString argCharacter(QString const& text, QChar a, int fieldWidth, QChar fill)
+{
+    return a.isNull() ? text.arg(QString(""), fieldWidth, fill) : text.arg(a, fieldWidth, fill);
+}
 
 } // namespace
 
@@ -152,20 +200,291 @@ KDRChar KDRString::at(int i) const
 void KDRString::swap(KDRString& other) { d->swap(*other.d); }
 void KDRString::truncate(int position) { d->truncate(position); }
 
-KDRString KDRString::arg(int a, int fieldWidth, int base, KDRChar fillChar) const
+bool KDRString::contains(KDRString const& s, KDRCaseSensitivity cs) const
 {
-    KDRString result;
-    *result.d = d->arg(static_cast<qlonglong>(a), fieldWidth, base, KDRInternal::wrapped(fillChar));
-    return result;
+    return indexOf(s, 0, cs) != -1;
+}
+
+bool KDRString::contains(KDRRegExp const& rx) const { return indexOf(rx, 0) != -1; }
+
+int KDRString::indexOf(KDRString const& s, int from, KDRCaseSensitivity cs) const
+{
+    // From just before the start Qt searches what lies before the text as well.
+    int const size = d->size();
+    bool const justBefore = from < -size && from >= -size - s.d->size();
+    return d->indexOf(*s.d, justBefore && s.d->size() > 1 ? 0 : from, qtCase(cs));
+}
+
+int KDRString::indexOf(KDRRegExp const& rx, int from) const
+{
+    return d->indexOf(*KDRInternal::pointer(rx), from);
+}
+
+int KDRString::indexOf(KDRRegExp& rx, int from) const
+{
+    return d->indexOf(KDRInternal::wrapped(rx), from);
+}
+
+int KDRString::lastIndexOf(KDRString const& s, int from, KDRCaseSensitivity cs) const
+{
+    return d->lastIndexOf(*s.d, from, qtCase(cs));
+}
+
+int KDRString::lastIndexOf(KDRRegExp const& rx, int from) const
+{
+    return d->lastIndexOf(*KDRInternal::pointer(rx), from);
+}
+
+int KDRString::lastIndexOf(KDRRegExp& rx, int from) const
+{
+    return d->lastIndexOf(KDRInternal::wrapped(rx), from);
+}
+
+bool KDRString::startsWith(KDRString const& s, KDRCaseSensitivity cs) const
+{
+    return d->startsWith(*s.d, qtCase(cs));
+}
+
+bool KDRString::endsWith(KDRString const& s, KDRCaseSensitivity cs) const
+{
+    return d->endsWith(*s.d, qtCase(cs));
+}
+
+KDRString& KDRString::insert(int i, KDRString const& s)
+{
+    insertAt(*d, i, *s.d);
+    return *this;
+}
+
+KDRString& KDRString::insert(int i, char const* s)
+{
+    insertAt(*d, i, QString(s));
+    return *this;
+}
+
+KDRString& KDRString::insert(int i, KDRBuffer const& b)
+{
+    insertAt(*d, i, QString(KDRInternal::wrapped(b)));
+    return *this;
+}
+
+void KDRString::push_back(KDRString const& s) { d->append(*s.d); }
+void KDRString::push_front(KDRString const& s) { d->prepend(*s.d); }
+
+KDRString& KDRString::remove(int position, int n)
+{
+    d->remove(position, n);
+    return *this;
+}
+
+KDRString& KDRString::remove(KDRString const& s, KDRCaseSensitivity cs)
+{
+    d->remove(*s.d, qtCase(cs));
+    return *this;
+}
+
+KDRString& KDRString::remove(KDRRegExp const& rx)
+{
+    d->replace(KDRInternal::wrapped(rx), QString());
+    return *this;
+}
+
+KDRString& KDRString::replace(int position, int n, KDRString const& after)
+{
+    // Qt would read what lies before the text.
+    if (n < 0 && position >= 0 && position <= d->size())
+        n = std::max(n, -position);
+    d->replace(position, n, *after.d);
+    return *this;
+}
+
+KDRString& KDRString::replace(KDRString const& before, KDRString const& after,
+                              KDRCaseSensitivity cs)
+{
+    d->replace(*before.d, *after.d, qtCase(cs));
+    return *this;
+}
+
+KDRString& KDRString::replace(KDRRegExp const& rx, KDRString const& after)
+{
+    d->replace(KDRInternal::wrapped(rx), *after.d);
+    return *this;
+}
+
+KDRString KDRString::left(int n) const { return KDRInternal::taking<KDRString>(d->left(n)); }
+KDRString KDRString::right(int n) const { return KDRInternal::taking<KDRString>(d->right(n)); }
+KDRString KDRString::mid(int position, int n) const
+{
+    return KDRInternal::taking<KDRString>(d->mid(position, n));
+}
+
+KDRString KDRString::repeated(int times) const
+{
+    // Qt multiplies without looking and writes outside the text when the product overflows.
+    if (!d->isEmpty() && times > INT_MAX / d->size())
+        throw std::bad_alloc();
+    return KDRInternal::taking<KDRString>(d->repeated(times));
+}
+
+KDRString KDRString::trimmed() const { return KDRInternal::taking<KDRString>(d->trimmed()); }
+KDRString KDRString::simplified() const { return KDRInternal::taking<KDRString>(d->simplified()); }
+KDRString KDRString::toLower() const { return KDRInternal::taking<KDRString>(d->toLower()); }
+KDRString KDRString::toUpper() const { return KDRInternal::taking<KDRString>(d->toUpper()); }
+
+KDRStringArray KDRString::split(KDRChar const& sep, KDRSplitBehavior behavior,
+                                KDRCaseSensitivity cs) const
+{
+    return KDRInternal::taking<KDRStringArray>(
+        d->split(KDRInternal::wrapped(sep), qtBehavior(behavior), qtCase(cs)));
+}
+
+KDRStringArray KDRString::split(KDRString const& sep, KDRSplitBehavior behavior,
+                                KDRCaseSensitivity cs) const
+{
+    return KDRInternal::taking<KDRStringArray>(d->split(*sep.d, qtBehavior(behavior), qtCase(cs)));
+}
+
+KDRStringArray KDRString::split(KDRRegExp const& rx, KDRSplitBehavior behavior) const
+{
+    return KDRInternal::taking<KDRStringArray>(
+        d->split(KDRInternal::wrapped(rx), qtBehavior(behavior)));
+}
+
+KDRString KDRString::arg(KDRString const& a, int fieldWidth) const
+{
+    return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth));
+}
+
+KDRString KDRString::arg(KDRString const& a, int fieldWidth, KDRChar fillChar) const
+{
+    return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth, KDRInternal::wrapped(fillChar)));
+}
+
+#define KDR_DEFINE_ARG(Integer, Widened)                                                           \
+    KDRString KDRString::arg(Integer a, int fieldWidth, int base) const                            \
+    {                                                                                              \
+        return KDRInternal::taking<KDRString>(d->arg(Widened{a}, fieldWidth, knownBase(base)));    \
+    }                                                                                              \
+    KDRString KDRString::arg(Integer a, int fieldWidth, int base, KDRChar fillChar) const          \
+    {                                                                                              \
+        return KDRInternal::taking<KDRString>(                                                     \
+            d->arg(Widened{a}, fieldWidth, knownBase(base), KDRInternal::wrapped(fillChar)));      \
+    }
+KDR_DEFINE_ARG(int, qlonglong)
+KDR_DEFINE_ARG(short, qlonglong)
+KDR_DEFINE_ARG(long, qlonglong)
+KDR_DEFINE_ARG(long long, qlonglong)
+KDR_DEFINE_ARG(unsigned int, qulonglong)
+KDR_DEFINE_ARG(unsigned short, qulonglong)
+KDR_DEFINE_ARG(unsigned long, qulonglong)
+KDR_DEFINE_ARG(unsigned long long, qulonglong)
+#undef KDR_DEFINE_ARG
+
+KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision) const
+{
+    return KDRInternal::taking<KDRString>(
+        d->arg(a, fieldWidth, formatLetter(format), possiblePrecision(precision)));
 }
 
 KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision,
                          KDRChar fillChar) const
 {
-    KDRString result;
-    *result.d = d->arg(a, fieldWidth, format == KDRFormatGeneral ? 'g' : 'f', precision,
-                       KDRInternal::wrapped(fillChar));
-    return result;
+    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, formatLetter(format),
+                                                 possiblePrecision(precision),
+                                                 KDRInternal::wrapped(fillChar)));
+}
+
+KDRString KDRString::arg(char a, int fieldWidth) const
+{
+    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth));
+}
+
+KDRString KDRString::arg(char a, int fieldWidth, KDRChar fillChar) const
+{
+    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, KDRInternal::wrapped(fillChar)));
+}
+
+KDRString KDRString::arg(KDRChar a, int fieldWidth) const
+{
+    return KDRInternal::taking<KDRString>(
+        argCharacter(*d, KDRInternal::wrapped(a), fieldWidth, QChar(QChar::Space)));
+}
+
+KDRString KDRString::arg(KDRChar a, int fieldWidth, KDRChar fillChar) const
+{
+    return KDRInternal::taking<KDRString>(
+        argCharacter(*d, KDRInternal::wrapped(a), fieldWidth, KDRInternal::wrapped(fillChar)));
+}
+
+double KDRString::toDouble(bool* ok) const { return d->toDouble(ok); }
+float KDRString::toFloat(bool* ok) const { return d->toFloat(ok); }
+long KDRString::toLong(bool* ok, int base) const { return d->toLong(ok, base); }
+long long KDRString::toLongLong(bool* ok, int base) const { return d->toLongLong(ok, base); }
+unsigned int KDRString::toUInt(bool* ok, int base) const { return d->toUInt(ok, base); }
+unsigned long KDRString::toULong(bool* ok, int base) const { return d->toULong(ok, base); }
+unsigned long long KDRString::toULongLong(bool* ok, int base) const
+{
+    return d->toULongLong(ok, base);
+}
+unsigned short KDRString::toUShort(bool* ok, int base) const { return d->toUShort(ok, base); }
+
+KDRString& KDRString::setNum(int n, int base)
+{
+    d->setNum(qlonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(short n, int base)
+{
+    d->setNum(qlonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(long n, int base)
+{
+    d->setNum(qlonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(long long n, int base)
+{
+    d->setNum(n, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(unsigned int n, int base)
+{
+    d->setNum(qulonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(unsigned short n, int base)
+{
+    d->setNum(qulonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(unsigned long n, int base)
+{
+    d->setNum(qulonglong{n}, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(unsigned long long n, int base)
+{
+    d->setNum(n, knownBase(base));
+    return *this;
+}
+
+KDRString& KDRString::setNum(double n, KDRConversionFormat format, int precision)
+{
+    d->setNum(n, formatLetter(format), possiblePrecision(precision));
+    return *this;
+}
+
+KDRString& KDRString::setNum(float n, KDRConversionFormat format, int precision)
+{
+    return setNum(double{n}, format, precision);
 }
 
 void KDRString::setLocalTextCodec(KDREncoding encoding)

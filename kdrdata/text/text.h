@@ -8,5 +8,6 @@
 #include <kdrdata/text/kdrchar.h>
 #include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstring.h>
+#include <kdrdata/text/kdrstringarray.h>
 
 #endif
