@@ -1,6 +1,99 @@
 #include <kdrdata/text/kdrbuffer.h>
 
+#include <kdrdata/kdrinternal_p.h>
+
 #include <QtCore/QByteArray>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <functional>
+#include <new>
+
+namespace {
+
+static_assert(int{KDRBuffer::KDRBase64Standard} == int{QByteArray::Base64Encoding});
+static_assert(int{KDRBuffer::KDRBase64Url} == int{QByteArray::Base64UrlEncoding});
+static_assert(int{KDRBuffer::KDRBase64OmitTrailingEquals} == int{QByteArray::OmitTrailingEquals});
+
+QByteArray::Base64Options qtOptions(KDRBuffer::KDRBase64Option options)
+{
+    return QByteArray::Base64Options(QFlag(int{options}));
+}
+
+int lengthOf(char const* str, int len) { return len < 0 ? static_cast<int>(qstrlen(str)) : len; }
+
+// The caller's bytes without copying them, for calls that only read them.
+QByteArray view(char const* str) { return QByteArray::fromRawData(str, lengthOf(str, -1)); }
+
+// Qt moves its own bytes before it reads the given ones; those that lie among them are copied
+// first.
+bool liesIn(QByteArray const& bytes, char const* str)
+{
+    std::less<char const*> const before;
+    char const* const begin = bytes.constData();
+    return !before(str, begin) && !before(begin + bytes.size(), str);
+}
+
+// Qt adds up sizes without looking and writes outside the bytes when the sum overflows.
+void mustFit(int size, int added)
+{
+    if (added > 0 && size > INT_MAX - added)
+        throw std::bad_alloc();
+}
+
+void appendTo(QByteArray& bytes, char const* str, int len)
+{
+    if (!str || lengthOf(str, len) == 0)
+        return;
+    if (liesIn(bytes, str))
+        bytes.append(QByteArray(str, len));
+    else
+        bytes.append(str, len);
+}
+
+void prependTo(QByteArray& bytes, char const* str, int len)
+{
+    if (!str)
+        return;
+    // Qt takes a negative length for a very large one.
+    len = lengthOf(str, len);
+    if (liesIn(bytes, str))
+        bytes.prepend(QByteArray(str, len));
+    else
+        bytes.prepend(str, len);
+}
+
+void insertInto(QByteArray& bytes, int i, char const* str, int len)
+{
+    if (!str || i < 0 || len <= 0)
+        return;
+    mustFit(std::max(i, bytes.size()), len);
+    if (liesIn(bytes, str))
+        bytes.insert(i, QByteArray(str, len));
+    else
+        bytes.insert(i, str, len);
+}
+
+// Qt writes before the bytes for a negative position, and behind them where position and length
+// overflow; both are taken for what the two calls, remove and insert, do with them.
+void replaceRange(QByteArray& bytes, int pos, int len, QByteArray const& after)
+{
+    if (pos < 0)
+        return;
+    mustFit(std::max(pos, bytes.size()), after.size());
+    bytes.replace(pos, std::clamp(len, 0, std::max(0, bytes.size() - pos)), after);
+}
+
+// Qt subtracts the size without looking; all negative widths mean the same.
+int knownWidth(int width) { return std::max(width, -1); }
+
+int countOf(QByteArray const& bytes, QByteArray const& needle)
+{
+    return needle.isEmpty() ? bytes.size() + 1 : bytes.count(needle);
+}
+
+} // namespace
 
 KDRBuffer::KDRBuffer() : d(new QByteArray) {}
 KDRBuffer::KDRBuffer(char const* data, int size) : d(new QByteArray(data, size)) {}
@@ -32,12 +125,308 @@ KDRBuffer& KDRBuffer::operator=(char const* str)
     return *this;
 }
 
+KDRBuffer KDRBuffer::fromRawData(char const* data, int size)
+{
+    return KDRInternal::taking<KDRBuffer>(QByteArray::fromRawData(data, lengthOf(data, size)));
+}
+
+KDRBuffer& KDRBuffer::setRawData(char const* data, unsigned int size)
+{
+    if (size > static_cast<unsigned int>(INT_MAX))
+        throw std::bad_alloc();
+    d->setRawData(data, size);
+    return *this;
+}
+
 int KDRBuffer::size() const { return d->size(); }
 int KDRBuffer::length() const { return d->size(); }
+int KDRBuffer::count() const { return d->size(); }
+int KDRBuffer::capacity() const { return d->capacity(); }
 bool KDRBuffer::isEmpty() const { return d->isEmpty(); }
 bool KDRBuffer::isNull() const { return d->isNull(); }
 char KDRBuffer::at(int i) const { return d->at(i); }
 
+char KDRBuffer::operator[](int i) const { return i < 0 || i >= d->size() ? ' ' : d->at(i); }
+
+char KDRBuffer::operator[](unsigned int i) const
+{
+    // In an empty buffer the last position wraps to the largest one, and no index lies behind it.
+    if (static_cast<unsigned int>(d->size()) - 1U < i)
+        return ' ';
+    return d->size() <= static_cast<int>(i) ? '\0' : d->constData()[i];
+}
+
 char const* KDRBuffer::constData() const { return d->constData(); }
 char* KDRBuffer::data() { return d->data(); }
 char* KDRBuffer::data() const { return d->data(); }
+
+bool KDRBuffer::contains(KDRBuffer const& needle) const { return d->contains(*needle.d); }
+bool KDRBuffer::contains(char const* needle) const { return d->contains(needle); }
+bool KDRBuffer::contains(char ch) const { return d->contains(ch); }
+int KDRBuffer::count(KDRBuffer const& needle) const { return countOf(*d, *needle.d); }
+int KDRBuffer::count(char const* needle) const { return countOf(*d, view(needle)); }
+int KDRBuffer::count(char ch) const { return d->count(ch); }
+int KDRBuffer::indexOf(KDRBuffer const& needle, int from) const
+{
+    return d->indexOf(*needle.d, from);
+}
+int KDRBuffer::indexOf(char const* needle, int from) const { return d->indexOf(needle, from); }
+int KDRBuffer::indexOf(char ch, int from) const { return d->indexOf(ch, from); }
+int KDRBuffer::lastIndexOf(KDRBuffer const& needle, int from) const
+{
+    return d->lastIndexOf(*needle.d, from);
+}
+int KDRBuffer::lastIndexOf(char const* needle, int from) const
+{
+    return d->lastIndexOf(needle, from);
+}
+int KDRBuffer::lastIndexOf(char ch, int from) const { return d->lastIndexOf(ch, from); }
+bool KDRBuffer::startsWith(KDRBuffer const& start) const { return d->startsWith(*start.d); }
+bool KDRBuffer::startsWith(char const* start) const { return d->startsWith(start); }
+bool KDRBuffer::startsWith(char ch) const { return d->startsWith(ch); }
+bool KDRBuffer::endsWith(KDRBuffer const& end) const { return d->endsWith(*end.d); }
+bool KDRBuffer::endsWith(char const* end) const { return d->endsWith(end); }
+bool KDRBuffer::endsWith(char ch) const { return d->endsWith(ch); }
+
+KDRBuffer KDRBuffer::left(int n) const { return KDRInternal::taking<KDRBuffer>(d->left(n)); }
+KDRBuffer KDRBuffer::right(int n) const { return KDRInternal::taking<KDRBuffer>(d->right(n)); }
+KDRBuffer KDRBuffer::mid(int pos, int n) const
+{
+    return KDRInternal::taking<KDRBuffer>(d->mid(pos, n));
+}
+
+KDRBuffer KDRBuffer::repeated(int times) const
+{
+    // Qt multiplies without looking and writes outside the bytes when the product overflows.
+    if (!d->isEmpty() && times > INT_MAX / d->size())
+        throw std::bad_alloc();
+    return KDRInternal::taking<KDRBuffer>(d->repeated(times));
+}
+
+KDRBuffer KDRBuffer::trimmed() const { return KDRInternal::taking<KDRBuffer>(d->trimmed()); }
+KDRBuffer KDRBuffer::simplified() const { return KDRInternal::taking<KDRBuffer>(d->simplified()); }
+KDRBuffer KDRBuffer::toLower() const { return KDRInternal::taking<KDRBuffer>(d->toLower()); }
+KDRBuffer KDRBuffer::toUpper() const { return KDRInternal::taking<KDRBuffer>(d->toUpper()); }
+
+KDRBuffer KDRBuffer::leftJustified(int width, char fill, bool truncate) const
+{
+    return KDRInternal::taking<KDRBuffer>(d->leftJustified(knownWidth(width), fill, truncate));
+}
+
+KDRBuffer KDRBuffer::rightJustified(int width, char fill, bool truncate) const
+{
+    return KDRInternal::taking<KDRBuffer>(d->rightJustified(knownWidth(width), fill, truncate));
+}
+
+KDRBuffer KDRBuffer::toBase64() const { return KDRInternal::taking<KDRBuffer>(d->toBase64()); }
+
+KDRBuffer KDRBuffer::toBase64(KDRBase64Option options) const
+{
+    return KDRInternal::taking<KDRBuffer>(d->toBase64(qtOptions(options)));
+}
+
+KDRBuffer KDRBuffer::toPercentEncoding(KDRBuffer const& exclude, KDRBuffer const& include,
+                                       char percent) const
+{
+    return KDRInternal::taking<KDRBuffer>(d->toPercentEncoding(*exclude.d, *include.d, percent));
+}
+
+short KDRBuffer::toShort(bool* ok, int base) const { return d->toShort(ok, base); }
+
+KDRBuffer KDRBuffer::fromBase64(KDRBuffer const& base64)
+{
+    return KDRInternal::taking<KDRBuffer>(QByteArray::fromBase64(*base64.d));
+}
+
+KDRBuffer KDRBuffer::fromBase64(KDRBuffer const& base64, KDRBase64Option options)
+{
+    return KDRInternal::taking<KDRBuffer>(QByteArray::fromBase64(*base64.d, qtOptions(options)));
+}
+
+KDRBuffer KDRBuffer::fromHex(KDRBuffer const& hex)
+{
+    return KDRInternal::taking<KDRBuffer>(QByteArray::fromHex(*hex.d));
+}
+
+KDRBuffer KDRBuffer::fromPercentEncoding(KDRBuffer const& input, char percent)
+{
+    return KDRInternal::taking<KDRBuffer>(QByteArray::fromPercentEncoding(*input.d, percent));
+}
+
+int KDRBuffer::memorySequence() { return 1; }
+
+KDRBuffer& KDRBuffer::append(KDRBuffer const& other)
+{
+    d->append(*other.d);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::append(char const* str)
+{
+    // Unlike one with a length, this makes an empty buffer of a null one.
+    if (str && *str == '\0')
+        d->append(str);
+    return append(str, -1);
+}
+
+KDRBuffer& KDRBuffer::append(char const* str, int len)
+{
+    appendTo(*d, str, len);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::append(char ch)
+{
+    d->append(ch);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::append(int count, char ch) { return insert(d->size(), count, ch); }
+
+KDRBuffer& KDRBuffer::prepend(KDRBuffer const& other)
+{
+    d->prepend(*other.d);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::prepend(char const* str) { return prepend(str, -1); }
+
+KDRBuffer& KDRBuffer::prepend(char const* str, int len)
+{
+    prependTo(*d, str, len);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::prepend(char ch)
+{
+    d->prepend(ch);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::prepend(int count, char ch) { return insert(0, count, ch); }
+
+KDRBuffer& KDRBuffer::insert(int i, KDRBuffer const& other)
+{
+    mustFit(std::max(i, d->size()), other.d->size());
+    d->insert(i, *other.d);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::insert(int i, int count, char ch)
+{
+    mustFit(std::max(i, d->size()), count);
+    d->insert(i, count, ch);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::insert(int i, char const* str)
+{
+    insertInto(*d, i, str, lengthOf(str, -1));
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::insert(int i, char const* str, int len)
+{
+    insertInto(*d, i, str, len);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::insert(int i, char ch) { return insert(i, 1, ch); }
+
+KDRBuffer& KDRBuffer::operator+=(KDRBuffer const& other) { return append(other); }
+KDRBuffer& KDRBuffer::operator+=(char const* str) { return append(str); }
+KDRBuffer& KDRBuffer::operator+=(char ch) { return append(ch); }
+void KDRBuffer::push_back(KDRBuffer const& other) { append(other); }
+void KDRBuffer::push_back(char const* str) { append(str); }
+void KDRBuffer::push_back(char ch) { append(ch); }
+void KDRBuffer::push_front(KDRBuffer const& other) { prepend(other); }
+void KDRBuffer::push_front(char const* str) { prepend(str); }
+void KDRBuffer::push_front(char ch) { prepend(ch); }
+
+KDRBuffer& KDRBuffer::remove(int pos, int len)
+{
+    d->remove(pos, len);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(int pos, int len, KDRBuffer const& after)
+{
+    replaceRange(*d, pos, len, *after.d);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(int pos, int len, char const* after)
+{
+    return replace(pos, len, after, -1);
+}
+
+KDRBuffer& KDRBuffer::replace(int pos, int len, char const* after, int alen)
+{
+    replaceRange(*d, pos, len, QByteArray(after, alen));
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(char before, char const* after)
+{
+    return replace(&before, 1, after, -1);
+}
+
+KDRBuffer& KDRBuffer::replace(char before, KDRBuffer const& after)
+{
+    d->replace(before, QByteArray(*after.d));
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(char before, char after)
+{
+    d->replace(before, after);
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(char const* before, char const* after)
+{
+    return replace(before, -1, after, -1);
+}
+
+KDRBuffer& KDRBuffer::replace(char const* before, int blen, char const* after, int alen)
+{
+    d->replace(before, lengthOf(before, blen), after, lengthOf(after, alen));
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(KDRBuffer const& before, KDRBuffer const& after)
+{
+    d->replace(QByteArray(*before.d), QByteArray(*after.d));
+    return *this;
+}
+
+KDRBuffer& KDRBuffer::replace(KDRBuffer const& before, char const* after)
+{
+    return replace(before.d->constData(), before.d->size(), after, -1);
+}
+
+KDRBuffer& KDRBuffer::replace(char const* before, KDRBuffer const& after)
+{
+    return replace(before, -1, after.d->constData(), after.d->size());
+}
+
+KDRBuffer& KDRBuffer::fill(char ch, int size)
+{
+    d->fill(ch, size);
+    return *this;
+}
+
+void KDRBuffer::chop(int n) { d->chop(n); }
+void KDRBuffer::truncate(int pos) { d->truncate(pos); }
+void KDRBuffer::clear() { d->clear(); }
+void KDRBuffer::resize(int size) { d->resize(size); }
+
+void KDRBuffer::reserve(int size)
+{
+    // Qt takes a negative size for a very large one.
+    if (size > 0)
+        d->reserve(size);
+}
+
+void KDRBuffer::squeeze() { d->squeeze(); }
+void KDRBuffer::swap(KDRBuffer& other) { d->swap(*other.d); }

@@ -5,6 +5,7 @@
 /// The text and byte types: strings, characters and buffers.
 
 #include <kdrdata/text/kdrbuffer.h>
+#include <kdrdata/text/kdrbufferarray.h>
 #include <kdrdata/text/kdrchar.h>
 #include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstring.h>

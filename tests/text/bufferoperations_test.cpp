@@ -1,0 +1,276 @@
+#include <kdrdata/text/kdrbuffer.h>
+
+#include "../support/qtprinters.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <memory>
+#include <new>
+#include <string>
+
+namespace {
+
+QByteArray bytesOf(KDRBuffer const& buffer)
+{
+    return QByteArray(buffer.constData(), buffer.size());
+}
+
+TEST(BufferIndex, AnIntOutsideReadsASpaceAlsoInAnEmptyBuffer)
+{
+    KDRBuffer const two("ab");
+    EXPECT_EQ(two[0], 'a');
+    EXPECT_EQ(two[1], 'b');
+    for (int const i : {2, -1, INT_MAX, INT_MIN}) {
+        EXPECT_EQ(two[i], ' ') << i;
+        EXPECT_EQ(KDRBuffer()[i], ' ') << i;
+        EXPECT_EQ(KDRBuffer("")[i], ' ') << i;
+    }
+    EXPECT_EQ(KDRBuffer()[0], ' ');
+}
+
+TEST(BufferIndex, AnUnsignedOutsideReadsASpaceButAZeroInAnEmptyBuffer)
+{
+    KDRBuffer const two("ab");
+    EXPECT_EQ(two[0U], 'a');
+    EXPECT_EQ(two[1U], 'b');
+    for (unsigned int const i : {2U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU})
+        EXPECT_EQ(two[i], ' ') << i;
+    for (unsigned int const i : {0U, 1U, 0x7FFFFFFFU}) {
+        EXPECT_EQ(KDRBuffer()[i], '\0') << i;
+        EXPECT_EQ(KDRBuffer("")[i], '\0') << i;
+    }
+}
+
+TEST(BufferCapacity, IsZeroForTheNullBufferAndGrowsByReserve)
+{
+    EXPECT_EQ(KDRBuffer().capacity(), 0);
+    KDRBuffer buffer("ab");
+    buffer.reserve(100);
+    EXPECT_GE(buffer.capacity(), 100);
+    int const capacity = buffer.capacity();
+    buffer.reserve(-5);
+    EXPECT_EQ(buffer.capacity(), capacity);
+    buffer.squeeze();
+    EXPECT_LT(buffer.capacity(), 100);
+    EXPECT_EQ(bytesOf(buffer), "ab");
+}
+
+TEST(BufferConstants, MemorySequenceIsOne) { EXPECT_EQ(KDRBuffer::memorySequence(), 1); }
+
+TEST(BufferConstants, Base64OptionsCombine)
+{
+    KDRBuffer::KDRBase64Option const both =
+        KDRBuffer::KDRBase64Url | KDRBuffer::KDRBase64OmitTrailingEquals;
+    EXPECT_EQ(both, 3);
+    EXPECT_EQ(bytesOf(KDRBuffer("\xFB\xFF").toBase64(both)), "-_8");
+    EXPECT_EQ(bytesOf(KDRBuffer("\xFB\xFF").toBase64()), "+/8=");
+    EXPECT_EQ(bytesOf(KDRBuffer::fromBase64("-_8", both)), "\xFB\xFF");
+    EXPECT_EQ(bytesOf(KDRBuffer::fromBase64("+/8=")), "\xFB\xFF");
+}
+
+TEST(BufferCount, OfAnEmptyNeedleIsOneMoreThanTheSize)
+{
+    EXPECT_EQ(KDRBuffer("abc").count(""), 4);
+    EXPECT_EQ(KDRBuffer("abc").count(KDRBuffer()), 4);
+    EXPECT_EQ(KDRBuffer("abc").count(KDRBuffer("")), 4);
+    EXPECT_EQ(KDRBuffer("abc").count(static_cast<char const*>(nullptr)), 4);
+    EXPECT_EQ(KDRBuffer().count(""), 1);
+}
+
+TEST(BufferCount, CountsOverlapsAndBytes)
+{
+    EXPECT_EQ(KDRBuffer("aaaa").count("aa"), 3);
+    EXPECT_EQ(KDRBuffer("abab").count(KDRBuffer("ab")), 2);
+    EXPECT_EQ(KDRBuffer("abab").count('b'), 2);
+    EXPECT_EQ(KDRBuffer("abab").count(), 4);
+}
+
+TEST(BufferSearch, ANullNeedleCountsAsEmpty)
+{
+    KDRBuffer const buffer("abc");
+    char const* const null = nullptr;
+    EXPECT_TRUE(buffer.contains(null));
+    EXPECT_TRUE(buffer.startsWith(null));
+    EXPECT_TRUE(buffer.endsWith(null));
+    EXPECT_EQ(buffer.indexOf(null), 0);
+    EXPECT_EQ(buffer.lastIndexOf(null), buffer.lastIndexOf(""));
+}
+
+TEST(BufferReplace, OfAByteByANullTextRemovesIt)
+{
+    KDRBuffer buffer("banana");
+    KDRBuffer& result = buffer.replace('a', static_cast<char const*>(nullptr));
+    EXPECT_EQ(&result, &buffer);
+    EXPECT_EQ(bytesOf(buffer), "bnn");
+}
+
+TEST(BufferReplace, OfAnEmptyTextPutsTheNewOneEverywhere)
+{
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace("", "x")), "xaxbxcx");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(KDRBuffer(), KDRBuffer("x"))), "xaxbxcx");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace("", "")), "abc");
+    EXPECT_TRUE(KDRBuffer().replace("", "x").isNull());
+}
+
+TEST(BufferReplace, OfARangeIsRemoveAndInsertForAbsurdPositionsToo)
+{
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ")), "aXYZc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(-1, 2, "XY")), "abc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(INT_MIN, 3, "XYZ")), "abc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, -2, "XY")), "aXYbc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, INT_MAX, "XY")), "aXY");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(5, 1, "X")), "abc  X");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", 2)), "aXYc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", -1)), "aXYZc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, static_cast<char const*>(nullptr))), "ac");
+}
+
+TEST(BufferAppend, NullAndNegativeLengths)
+{
+    char const* const null = nullptr;
+    EXPECT_TRUE(KDRBuffer().append(null).isNull());
+    EXPECT_TRUE(KDRBuffer().prepend(null).isNull());
+    EXPECT_EQ(bytesOf(KDRBuffer("a").append("bc", -1)), "abc");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").prepend("bc", -1)), "bca");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").prepend("bc", 1)), "ba");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").append(2, 'x')), "axx");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").prepend(2, 'x')), "xxa");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").append(-2, 'x')), "a");
+    EXPECT_EQ(bytesOf(KDRBuffer("a").insert(1, "bc", -1)), "a");
+}
+
+TEST(BufferAppend, OfItselfAndOfItsOwnBytes)
+{
+    KDRBuffer buffer("abc");
+    buffer.append(buffer);
+    EXPECT_EQ(bytesOf(buffer), "abcabc");
+    buffer.prepend(buffer);
+    EXPECT_EQ(bytesOf(buffer), "abcabcabcabc");
+    buffer = "abc";
+    buffer.insert(1, buffer);
+    EXPECT_EQ(bytesOf(buffer), "aabcbc");
+    buffer = "abc";
+    buffer.replace(KDRBuffer("b"), buffer);
+    EXPECT_EQ(bytesOf(buffer), "aabcc");
+    buffer = "abc";
+    buffer.replace(buffer, KDRBuffer("x"));
+    EXPECT_EQ(bytesOf(buffer), "x");
+    for (int round = 0; round < 20; ++round) {
+        buffer = "abc";
+        for (int i = 0; i < round; ++i)
+            buffer.append('c');
+        QByteArray const before = bytesOf(buffer);
+        EXPECT_EQ(bytesOf(KDRBuffer(buffer).append(buffer.constData())), before + before);
+        buffer.append(buffer.constData() + 1);
+        EXPECT_EQ(bytesOf(buffer), before + before.mid(1));
+        buffer.prepend(buffer.constData() + 1, 2);
+        EXPECT_EQ(bytesOf(buffer), before.mid(1, 2) + before + before.mid(1));
+        buffer.insert(1, buffer.constData(), 3);
+        EXPECT_EQ(buffer.size(), 2 * before.size() - 1 + 5);
+        buffer.replace(0, 1, buffer.constData() + 2);
+        buffer = buffer.constData() + 1;
+    }
+}
+
+TEST(BufferSizes, BeyondAnIntThrowAndChangeNothing)
+{
+    KDRBuffer buffer("abc");
+    EXPECT_THROW(buffer.repeated(INT_MAX), std::bad_alloc);
+    EXPECT_THROW(buffer.insert(INT_MAX, "x"), std::bad_alloc);
+    EXPECT_THROW(buffer.insert(INT_MAX, KDRBuffer("x")), std::bad_alloc);
+    EXPECT_THROW(buffer.insert(INT_MAX, 1, 'x'), std::bad_alloc);
+    EXPECT_THROW(buffer.insert(3, INT_MAX, 'x'), std::bad_alloc);
+    EXPECT_THROW(buffer.append(INT_MAX, 'x'), std::bad_alloc);
+    EXPECT_THROW(buffer.replace(INT_MAX, 1, "x"), std::bad_alloc);
+    EXPECT_THROW(buffer.setRawData("x", 0x80000000U), std::bad_alloc);
+    EXPECT_EQ(bytesOf(buffer), "abc");
+    EXPECT_TRUE(KDRBuffer().repeated(INT_MAX).isEmpty());
+    EXPECT_EQ(bytesOf(buffer.leftJustified(INT_MIN)), "abc");
+    EXPECT_EQ(bytesOf(buffer.rightJustified(INT_MIN)), "abc");
+    EXPECT_EQ(bytesOf(buffer.insert(-1, "x")), "abc");
+    EXPECT_EQ(bytesOf(buffer.insert(5, 'x')), "abc  x");
+}
+
+TEST(BufferMoves, LeaveTheSourceItsBytes)
+{
+    KDRBuffer source("some bytes");
+    KDRBuffer const made(std::move(source));
+    KDRBuffer assigned;
+    assigned = std::move(source);
+    EXPECT_EQ(bytesOf(source), "some bytes");
+    EXPECT_EQ(made.constData(), source.constData());
+    EXPECT_EQ(assigned.constData(), source.constData());
+}
+
+TEST(BufferRawData, RefersToTheCallersBytesUntilItIsChanged)
+{
+    std::string bytes = "some bytes";
+    KDRBuffer raw = KDRBuffer::fromRawData(bytes.data(), 4);
+    KDRBuffer const copy(raw);
+    EXPECT_EQ(raw.constData(), bytes.data());
+    EXPECT_EQ(copy.constData(), bytes.data());
+    EXPECT_EQ(raw.size(), 4);
+    raw.append('!');
+    EXPECT_NE(raw.constData(), bytes.data());
+    EXPECT_EQ(bytesOf(raw), "some!");
+    EXPECT_EQ(bytes, "some bytes");
+    EXPECT_EQ(KDRBuffer::fromRawData("ab", -1).size(), 2);
+    EXPECT_TRUE(KDRBuffer::fromRawData(nullptr, 3).isNull());
+}
+
+TEST(BufferRawData, SetRawDataAnswersTheBufferItself)
+{
+    std::string const bytes = "some bytes";
+    KDRBuffer buffer("old");
+    KDRBuffer const sharer(buffer);
+    KDRBuffer& result = buffer.setRawData(bytes.data(), 4);
+    EXPECT_EQ(&result, &buffer);
+    EXPECT_EQ(buffer.constData(), bytes.data());
+    EXPECT_EQ(bytesOf(sharer), "old");
+    EXPECT_TRUE(buffer.setRawData(nullptr, 4).isEmpty());
+}
+
+TEST(BufferRawData, ADetachedBufferOutlivesTheBytes)
+{
+    auto bytes = std::make_unique<std::string>("some bytes that are long enough for the heap");
+    KDRBuffer buffer = KDRBuffer::fromRawData(bytes->data(), static_cast<int>(bytes->size()));
+    buffer.data();
+    bytes.reset();
+    EXPECT_TRUE(buffer.startsWith("some bytes"));
+}
+
+TEST(BufferNumbers, ToShortTellsWhetherItIsOne)
+{
+    bool ok = false;
+    EXPECT_EQ(KDRBuffer("-12").toShort(&ok), -12);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KDRBuffer("7f").toShort(&ok, 16), 127);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KDRBuffer("40000").toShort(&ok), 0);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(KDRBuffer("x").toShort(), 0);
+}
+
+TEST(BufferCodes, DecodeHexadecimalAndPercent)
+{
+    EXPECT_EQ(bytesOf(KDRBuffer::fromHex("6162 zz 63")), QByteArray::fromHex("6162 zz 63"));
+    EXPECT_EQ(bytesOf(KDRBuffer::fromPercentEncoding("a%20b")), "a b");
+    EXPECT_EQ(bytesOf(KDRBuffer::fromPercentEncoding("a_20b", '_')), "a b");
+    EXPECT_EQ(bytesOf(KDRBuffer("a b/c").toPercentEncoding()), "a%20b%2Fc");
+    EXPECT_EQ(bytesOf(KDRBuffer("a b/c").toPercentEncoding("/", "c", '_')), "a_20b/_63");
+}
+
+TEST(BufferSwap, ExchangesTheBytesOfTwoHandles)
+{
+    KDRBuffer first("a");
+    KDRBuffer second;
+    char const* const bytes = first.constData();
+    first.swap(second);
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(second.constData(), bytes);
+    second.swap(second);
+    EXPECT_EQ(bytesOf(second), "a");
+}
+
+} // namespace

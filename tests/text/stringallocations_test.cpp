@@ -1,0 +1,155 @@
+#include <kdrdata/text/text.h>
+
+#include "../support/allocations.h"
+#include "../support/qtprinters.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <new>
+
+// What the operations of KDRString allocate, and what they do when there is not enough memory.
+
+namespace {
+
+KDRString const marker("%1");
+
+// Text comes from malloc inside Qt, so that the operators count the holders alone.
+template <class Operation>
+long holdersOf(Operation operation)
+{
+    long const before = allocations::made();
+    operation();
+    return allocations::made() - before;
+}
+
+TEST(StringLimits, InsertBeyondWhatAStringCanHoldThrowsAndChangesNothing)
+{
+    KDRString text("text");
+    for (int i : {INT_MAX, INT_MAX - 1}) {
+        EXPECT_THROW(text.insert(i, KDRString("ab")), std::bad_alloc);
+        EXPECT_THROW(text.insert(i, "ab"), std::bad_alloc);
+        EXPECT_THROW(text.insert(i, KDRBuffer("ab")), std::bad_alloc);
+    }
+    EXPECT_EQ(text, KDRString("text"));
+}
+
+TEST(StringLimits, RepeatedBeyondWhatAStringCanHoldThrows)
+{
+    KDRString const text("abcdefgh");
+    for (int times : {INT_MAX, 1 << 29, 1 << 30, INT_MAX / 8})
+        EXPECT_THROW(text.repeated(times), std::bad_alloc) << times;
+    EXPECT_THROW(KDRString("ab").repeated(INT_MAX), std::bad_alloc);
+    EXPECT_TRUE(KDRString("").repeated(INT_MAX).isEmpty());
+}
+
+TEST(StringLimits, ImpossiblePrecisionsThrow)
+{
+    for (int precision : {INT_MAX, INT_MAX - 400, INT_MAX / 2 + 1}) {
+        EXPECT_THROW(marker.arg(2.5, 0, KDRString::KDRFormatGeneral, precision), std::bad_alloc);
+        EXPECT_THROW(marker.arg(2.5, 0, KDRString::KDRFormatFixed, precision), std::bad_alloc);
+        KDRString text("text");
+        EXPECT_THROW(text.setNum(2.5, KDRString::KDRFormatFixed, precision), std::bad_alloc);
+        EXPECT_THROW(text.setNum(2.5F, KDRString::KDRFormatGeneral, precision), std::bad_alloc);
+        EXPECT_EQ(text, KDRString("text"));
+    }
+}
+
+TEST(StringLimits, ImpossibleWidthsThrow)
+{
+    for (int width : {INT_MAX, -INT_MAX}) {
+        EXPECT_THROW(marker.arg(KDRString("x"), width), std::bad_alloc);
+        EXPECT_THROW(marker.arg(1, width), std::bad_alloc);
+        EXPECT_THROW(marker.arg(2.5, width), std::bad_alloc);
+        EXPECT_THROW(marker.arg('x', width), std::bad_alloc);
+        EXPECT_THROW(marker.arg(KDRChar(), width), std::bad_alloc);
+    }
+}
+
+TEST(StringAllocations, EveryDerivedTextCostsOneHolder)
+{
+    KDRString const text(" Some Text ");
+    EXPECT_EQ(holdersOf([&] { text.left(3); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.right(3); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.mid(1, 3); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.repeated(3); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.trimmed(); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.simplified(); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.toLower(); }), 1);
+    EXPECT_EQ(holdersOf([&] { text.toUpper(); }), 1);
+}
+
+TEST(StringAllocations, EveryFormattedTextCostsOneHolderBesideItsCharacters)
+{
+    KDRChar const letter('a');
+    EXPECT_EQ(holdersOf([] { marker.arg(marker); }), 1);
+    EXPECT_EQ(holdersOf([] { marker.arg(1UL); }), 1);
+    EXPECT_EQ(holdersOf([] { marker.arg('a'); }), 1);
+    EXPECT_EQ(holdersOf([&] { marker.arg(letter); }), 2) << "the character is passed by value";
+    EXPECT_EQ(holdersOf([&] { marker.arg(1, 5, 10, letter); }), 2) << "so is the one to fill with";
+}
+
+TEST(StringAllocations, ASearchedTextCostsNothing)
+{
+    KDRString const text("some text");
+    KDRString const part("text");
+    KDRChar const separator(' ');
+    bool found = false;
+    EXPECT_EQ(holdersOf([&] { found = text.contains(part) && text.endsWith(part); }), 0);
+    EXPECT_EQ(holdersOf([&] { found = found && text.indexOf(part) == text.lastIndexOf(part); }), 0);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(holdersOf([&] { text.toDouble(); }), 0);
+}
+
+TEST(StringAllocations, EditingCostsNoHolder)
+{
+    KDRString text("some text");
+    KDRString const part("text");
+    EXPECT_EQ(holdersOf([&] { text.insert(0, part).remove(0, 4).replace(0, 4, part); }), 0);
+    EXPECT_EQ(holdersOf([&] { text.insert(0, "text"); }), 0);
+    EXPECT_EQ(holdersOf([&] { text.push_back(part); }), 0);
+    EXPECT_EQ(holdersOf([&] { text.remove(part); }), 0);
+    EXPECT_EQ(holdersOf([&] { text.setNum(5).setNum(2.5); }), 0);
+}
+
+TEST(StringAllocations, WhatComesOutOfAnArrayCostsOneHolder)
+{
+    KDRStringArray texts;
+    KDRBufferArray buffers;
+    for (int i = 0; i < 3; ++i) {
+        texts.push_back(marker);
+        buffers.push_back(KDRBuffer("bytes"));
+    }
+    EXPECT_EQ(holdersOf([&] { texts[1]; }), 1);
+    EXPECT_EQ(holdersOf([&] { texts.join(marker); }), 1);
+    EXPECT_EQ(holdersOf([&] { buffers[1]; }), 1);
+    EXPECT_EQ(holdersOf([&] { buffers.join(); }), 1);
+}
+
+TEST(StringAllocations, AHolderThatCannotBeMadePassesTheException)
+{
+    KDRString const text("some text");
+    long const before = allocations::live();
+    {
+        allocations::FailAfter none(0);
+        EXPECT_THROW(text.left(3), std::bad_alloc);
+    }
+    EXPECT_EQ(allocations::live(), before);
+}
+
+TEST(StringAllocations, AnExpressionThatCannotBeCopiedKeepsItsMatch)
+{
+    KDRString const text("some text");
+    KDRRegExp const rx(KDRString("(t)e"));
+    EXPECT_TRUE(text.contains(rx));
+    for (int successes = 0; successes < 4; ++successes) {
+        allocations::FailAfter few(successes);
+        EXPECT_THROW(KDRRegExp copy(rx), std::bad_alloc) << successes;
+    }
+    EXPECT_EQ(rx.cap(1), KDRString("t"));
+    EXPECT_EQ(rx.pos(1), 5);
+    KDRRegExp const copy(rx);
+    EXPECT_EQ(copy.pos(1), 5);
+}
+
+} // namespace
