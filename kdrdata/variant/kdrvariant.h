@@ -4,6 +4,8 @@
 #include <kdrdata/kdrdata_export.h>
 #include <kdrdata/variant/kdrvariantkind.h>
 
+class KDRBuffer;
+class KDRBufferArray;
 class KDRChar;
 class KDRContour;
 class KDRContourArray;
@@ -14,6 +16,7 @@ class KDRNumberArray;
 class KDRPoint;
 class KDRPointArray;
 class KDRString;
+class KDRStringArray;
 class KDRVariantLock;
 struct KDRInternal;
 
@@ -90,14 +93,20 @@ public:
     KDRVariant(KDRImage const& value);
     /// A variant of kind 7 holding a copy of @p value.
     KDRVariant(KDRContour const& value);
+    /// A variant of kind 11 holding a copy of @p value that shares its bytes.
+    KDRVariant(KDRBuffer const& value);
     /// A variant of kind 1001 holding a copy of @p value that shares its list.
     KDRVariant(KDRNumberArray const& value);
+    /// A variant of kind 1002 holding a copy of @p value that shares its list.
+    KDRVariant(KDRStringArray const& value);
     /// A variant of kind 1003 holding a copy of @p value.
     KDRVariant(KDRPointArray const& value);
     /// A variant of kind 1004 holding a copy of @p value whose images share their pixels.
     KDRVariant(KDRImageArray const& value);
     /// A variant of kind 1008 holding a copy of @p value.
     KDRVariant(KDRContourArray const& value);
+    /// A variant of kind 1010 holding a copy of @p value that shares its list.
+    KDRVariant(KDRBufferArray const& value);
 
     /// Shares the store of @p other. Locks the new handle first, then @p other. Kept on purpose.
     KDRVariant(KDRVariant const& other);
@@ -148,8 +157,12 @@ public:
     void fromImage(KDRImage const& value);
     /// Makes this a variant of kind 7 holding a copy of @p value.
     void fromContour(KDRContour const& value);
+    /// Makes this a variant of kind 11 holding a copy of @p value that shares its bytes.
+    void fromBuffer(KDRBuffer const& value);
     /// Makes this a variant of kind 1001 holding a copy of @p value that shares its list.
     void fromNumberArray(KDRNumberArray const& value);
+    /// Makes this a variant of kind 1002 holding a copy of @p value that shares its list.
+    void fromStringArray(KDRStringArray const& value);
     /// Makes this a variant of kind 1003 holding a copy of @p value.
     void fromPointArray(KDRPointArray const& value);
     /// Makes this a variant of kind 1004 holding a copy of @p value whose images share their
@@ -157,6 +170,8 @@ public:
     void fromImageArray(KDRImageArray const& value);
     /// Makes this a variant of kind 1008 holding a copy of @p value.
     void fromContourArray(KDRContourArray const& value);
+    /// Makes this a variant of kind 1010 holding a copy of @p value that shares its list.
+    void fromBufferArray(KDRBufferArray const& value);
 
     /// Reads kind 1 as KDRNumber::toInt() gives it.
     bool toInt(int* out) const;
@@ -182,14 +197,20 @@ public:
     bool toImage(KDRImage* out) const;
     /// Reads kind 7.
     bool toContour(KDRContour* out) const;
+    /// Reads kind 11; the output shares the bytes.
+    bool toBuffer(KDRBuffer* out) const;
     /// Reads kind 1001; the output shares the list.
     bool toNumberArray(KDRNumberArray* out) const;
+    /// Reads kind 1002; the output shares the list.
+    bool toStringArray(KDRStringArray* out) const;
     /// Reads kind 1003.
     bool toPointArray(KDRPointArray* out) const;
     /// Reads kind 1004; the images of the output share their pixels.
     bool toImageArray(KDRImageArray* out) const;
     /// Reads kind 1008.
     bool toContourArray(KDRContourArray* out) const;
+    /// Reads kind 1010; the output shares the list.
+    bool toBufferArray(KDRBufferArray* out) const;
 
     /// The payload of kind 1.
     bool toNumberPtr(KDRNumber*& out);
@@ -203,16 +224,22 @@ public:
     bool toImagePtr(KDRImage*& out);
     /// The payload of kind 7.
     bool toContourPtr(KDRContour*& out);
+    /// The payload of kind 11.
+    bool toBufferPtr(KDRBuffer*& out);
     /// Tests kind 1, the number, not 1001: on a number it hands out the address of the stored
     /// KDRNumber under the name of a number array, which **must not be dereferenced**; on a number
     /// array it answers false. Use toNumberArray() to read one. Kept on purpose.
     bool toNumberArrayPtr(KDRNumberArray*& out);
+    /// The payload of kind 1002.
+    bool toStringArrayPtr(KDRStringArray*& out);
     /// The payload of kind 1003.
     bool toPointArrayPtr(KDRPointArray*& out);
     /// The payload of kind 1004.
     bool toImageArrayPtr(KDRImageArray*& out);
     /// The payload of kind 1008.
     bool toContourArrayPtr(KDRContourArray*& out);
+    /// The payload of kind 1010.
+    bool toBufferArrayPtr(KDRBufferArray*& out);
 
 private:
     friend struct KDRInternal;

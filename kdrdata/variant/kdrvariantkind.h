@@ -39,7 +39,7 @@ enum KDRVariantKindNumber : int {
     // Arrays of scalars and two-dimensional values.
     KindBoolArray = 1000,       ///< `KDRBoolArray`
     KindNumberArray = 1001,     ///< KDRNumberArray
-    KindStringArray = 1002,     ///< `KDRStringArray`
+    KindStringArray = 1002,     ///< KDRStringArray
     KindPointArray = 1003,      ///< KDRPointArray
     KindImageArray = 1004,      ///< KDRImageArray
     KindRangeImageArray = 1005, ///< `KDRRangeImageArray`
@@ -47,7 +47,7 @@ enum KDRVariantKindNumber : int {
     KindPointCloudArray = 1007, ///< `KDRPointCloudArray`
     KindContourArray = 1008,    ///< KDRContourArray
     KindMatrixArray = 1009,     ///< `KDRMatrixArray`
-    KindBufferArray = 1010,     ///< `KDRBufferArray`
+    KindBufferArray = 1010,     ///< KDRBufferArray
 
     // Arrays of three-dimensional values.
     KindPoint3DArray = 1500,   ///< `KDRPoint3DArray`

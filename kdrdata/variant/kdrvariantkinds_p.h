@@ -3,8 +3,11 @@
 
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/scalars/kdrnumberarray.h>
+#include <kdrdata/text/kdrbuffer.h>
+#include <kdrdata/text/kdrbufferarray.h>
 #include <kdrdata/text/kdrchar.h>
 #include <kdrdata/text/kdrstring.h>
+#include <kdrdata/text/kdrstringarray.h>
 #include <kdrdata/variant/kdrvariantkind.h>
 #include <kdrdata/vision/kdrcontour.h>
 #include <kdrdata/vision/kdrcontourarray.h>
@@ -26,10 +29,13 @@
     ROW(KindPoint, KDRPoint, Point, KindPoint)                                                     \
     ROW(KindImage, KDRImage, Image, KindImage)                                                     \
     ROW(KindContour, KDRContour, Contour, KindContour)                                             \
+    ROW(KindBuffer, KDRBuffer, Buffer, KindBuffer)                                                 \
     ROW(KindChar, KDRChar, Char, KindChar)                                                         \
     ROW(KindNumberArray, KDRNumberArray, NumberArray, KindNumber)                                  \
+    ROW(KindStringArray, KDRStringArray, StringArray, KindStringArray)                             \
     ROW(KindPointArray, KDRPointArray, PointArray, KindPointArray)                                 \
     ROW(KindImageArray, KDRImageArray, ImageArray, KindImageArray)                                 \
-    ROW(KindContourArray, KDRContourArray, ContourArray, KindContourArray)
+    ROW(KindContourArray, KDRContourArray, ContourArray, KindContourArray)                         \
+    ROW(KindBufferArray, KDRBufferArray, BufferArray, KindBufferArray)
 
 #endif

@@ -5,6 +5,8 @@
 
 #include <kdrdata/kdrdata_export.h>
 
+class KDRBuffer;
+class KDRBufferArray;
 class KDRChar;
 class KDRContour;
 class KDRContourArray;
@@ -15,6 +17,7 @@ class KDRNumberArray;
 class KDRPoint;
 class KDRPointArray;
 class KDRString;
+class KDRStringArray;
 class KDRVariantPrivate;
 struct KDRInternal;
 
@@ -59,14 +62,20 @@ public:
     KDRVariantLock(KDRImage const& value);
     /// A lock with a store of kind 7.
     KDRVariantLock(KDRContour const& value);
+    /// A lock with a store of kind 11.
+    KDRVariantLock(KDRBuffer const& value);
     /// A lock with a store of kind 1001.
     KDRVariantLock(KDRNumberArray const& value);
+    /// A lock with a store of kind 1002.
+    KDRVariantLock(KDRStringArray const& value);
     /// A lock with a store of kind 1003.
     KDRVariantLock(KDRPointArray const& value);
     /// A lock with a store of kind 1004.
     KDRVariantLock(KDRImageArray const& value);
     /// A lock with a store of kind 1008.
     KDRVariantLock(KDRContourArray const& value);
+    /// A lock with a store of kind 1010.
+    KDRVariantLock(KDRBufferArray const& value);
     /// Gives up the lock's count of the store, which frees the store if it was the last.
     ~KDRVariantLock();
 

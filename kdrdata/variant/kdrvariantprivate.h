@@ -8,6 +8,8 @@
 #include <kdrdata/kdrdata_export.h>
 #include <kdrdata/variant/kdrvariantkind.h>
 
+class KDRBuffer;
+class KDRBufferArray;
 class KDRChar;
 class KDRContour;
 class KDRContourArray;
@@ -18,6 +20,7 @@ class KDRNumberArray;
 class KDRPoint;
 class KDRPointArray;
 class KDRString;
+class KDRStringArray;
 struct KDRInternal;
 
 /// The reference-counted store behind every KDRVariant: one payload of one kind.
@@ -75,14 +78,20 @@ public:
     KDRVariantPrivate(KDRImage const& value);
     /// A store of kind 7 holding a copy of @p value.
     KDRVariantPrivate(KDRContour const& value);
+    /// A store of kind 11 holding a copy of @p value that shares its bytes.
+    KDRVariantPrivate(KDRBuffer const& value);
     /// A store of kind 1001 holding a copy of @p value that shares its list.
     KDRVariantPrivate(KDRNumberArray const& value);
+    /// A store of kind 1002 holding a copy of @p value that shares its list.
+    KDRVariantPrivate(KDRStringArray const& value);
     /// A store of kind 1003 holding a copy of @p value.
     KDRVariantPrivate(KDRPointArray const& value);
     /// A store of kind 1004 holding a copy of @p value whose images share their pixels.
     KDRVariantPrivate(KDRImageArray const& value);
     /// A store of kind 1008 holding a copy of @p value.
     KDRVariantPrivate(KDRContourArray const& value);
+    /// A store of kind 1010 holding a copy of @p value that shares its list.
+    KDRVariantPrivate(KDRBufferArray const& value);
 
     /// A store of its own, count 1, with a deep copy of the payload of @p other: a payload object
     /// is made by default and assigned to, so that a number keeps its range. A null payload gives a
@@ -129,14 +138,20 @@ public:
     void fromImage(KDRImage const& value);
     /// Makes this a store of kind 7 holding a copy of @p value.
     void fromContour(KDRContour const& value);
+    /// Makes this a store of kind 11 holding a copy of @p value that shares its bytes.
+    void fromBuffer(KDRBuffer const& value);
     /// Makes this a store of kind 1001 holding a copy of @p value that shares its list.
     void fromNumberArray(KDRNumberArray const& value);
+    /// Makes this a store of kind 1002 holding a copy of @p value that shares its list.
+    void fromStringArray(KDRStringArray const& value);
     /// Makes this a store of kind 1003 holding a copy of @p value.
     void fromPointArray(KDRPointArray const& value);
     /// Makes this a store of kind 1004 holding a copy of @p value whose images share their pixels.
     void fromImageArray(KDRImageArray const& value);
     /// Makes this a store of kind 1008 holding a copy of @p value.
     void fromContourArray(KDRContourArray const& value);
+    /// Makes this a store of kind 1010 holding a copy of @p value that shares its list.
+    void fromBufferArray(KDRBufferArray const& value);
 
     /// Reads kind 1 as KDRNumber::toInt() gives it.
     bool toInt(int* out) const;
@@ -162,14 +177,20 @@ public:
     bool toImage(KDRImage* out) const;
     /// Reads kind 7.
     bool toContour(KDRContour* out) const;
+    /// Reads kind 11; the output shares the bytes.
+    bool toBuffer(KDRBuffer* out) const;
     /// Reads kind 1001; the output shares the list.
     bool toNumberArray(KDRNumberArray* out) const;
+    /// Reads kind 1002; the output shares the list.
+    bool toStringArray(KDRStringArray* out) const;
     /// Reads kind 1003.
     bool toPointArray(KDRPointArray* out) const;
     /// Reads kind 1004; the images of the output share their pixels.
     bool toImageArray(KDRImageArray* out) const;
     /// Reads kind 1008.
     bool toContourArray(KDRContourArray* out) const;
+    /// Reads kind 1010; the output shares the list.
+    bool toBufferArray(KDRBufferArray* out) const;
 
     /// The payload of kind 1.
     bool toNumberPtr(KDRNumber*& out);
@@ -183,16 +204,22 @@ public:
     bool toImagePtr(KDRImage*& out);
     /// The payload of kind 7.
     bool toContourPtr(KDRContour*& out);
+    /// The payload of kind 11.
+    bool toBufferPtr(KDRBuffer*& out);
     /// Tests kind 1, the number, not 1001: on a number it hands out the address of the stored
     /// KDRNumber under the name of a number array, which **must not be dereferenced**; on a number
     /// array it answers false. Use toNumberArray() to read one. Kept on purpose.
     bool toNumberArrayPtr(KDRNumberArray*& out);
+    /// The payload of kind 1002.
+    bool toStringArrayPtr(KDRStringArray*& out);
     /// The payload of kind 1003.
     bool toPointArrayPtr(KDRPointArray*& out);
     /// The payload of kind 1004.
     bool toImageArrayPtr(KDRImageArray*& out);
     /// The payload of kind 1008.
     bool toContourArrayPtr(KDRContourArray*& out);
+    /// The payload of kind 1010.
+    bool toBufferArrayPtr(KDRBufferArray*& out);
 
     /// Adds one to the count, under the store's mutex.
     void incRef();

@@ -79,8 +79,11 @@ TEST(Attribute, OfEveryOtherKindIsEmpty)
     EXPECT_EQ(describe(KDRVariant(KDRChar('c'))), "");
     EXPECT_EQ(describe(KDRVariant(KDRImage())), "");
     EXPECT_EQ(describe(KDRVariant(KDRContour())), "");
+    EXPECT_EQ(describe(KDRVariant(KDRBuffer("ab"))), "");
     EXPECT_EQ(describe(KDRVariant(KDRNumberArray())), "");
+    EXPECT_EQ(describe(KDRVariant(KDRStringArray())), "");
     EXPECT_EQ(describe(KDRVariant(KDRPointArray())), "");
+    EXPECT_EQ(describe(KDRVariant(KDRBufferArray())), "");
     EXPECT_FALSE(KDRVariant().attribute().isNull());
 }
 

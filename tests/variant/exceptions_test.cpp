@@ -38,6 +38,11 @@ TEST(OutOfMemory, ConstructorsLeaveNothingBehind)
     KDRString const text("text");
     KDRNumberArray numbers;
     numbers.push_back(KDRNumber(1));
+    KDRBuffer const bytes("bytes");
+    KDRStringArray texts;
+    texts.push_back(text);
+    KDRBufferArray buffers;
+    buffers.push_back(bytes);
     KDRVariant const source(point);
     // Lock, store, payload holder, and what the payload owns.
     EXPECT_EQ(failAtEveryAllocation([] { KDRVariant const variant; }, checkNothing), 2);
@@ -47,6 +52,9 @@ TEST(OutOfMemory, ConstructorsLeaveNothingBehind)
     EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(text); }, checkNothing), 4);
     EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(point); }, checkNothing), 5);
     EXPECT_GE(failAtEveryAllocation([&] { KDRVariant const variant(numbers); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(bytes); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(texts); }, checkNothing), 4);
+    EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const variant(buffers); }, checkNothing), 4);
     EXPECT_EQ(failAtEveryAllocation([&] { KDRVariant const copy(source); }, checkNothing), 2);
     EXPECT_GE(failAtEveryAllocation([&] { source.clone(); }, checkNothing), 5);
     EXPECT_EQ(KDRInternal::store(source).refCount(), 1);

@@ -31,10 +31,13 @@ TEST(Lock, EachConstructorMakesAStoreOfItsKind)
     EXPECT_EQ(kindOf(KDRVariantLock(KDRPoint())), 3);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRImage())), 4);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRContour())), 7);
+    EXPECT_EQ(kindOf(KDRVariantLock(KDRBuffer())), 11);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRNumberArray())), 1001);
+    EXPECT_EQ(kindOf(KDRVariantLock(KDRStringArray())), 1002);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRPointArray())), 1003);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRImageArray())), 1004);
     EXPECT_EQ(kindOf(KDRVariantLock(KDRContourArray())), 1008);
+    EXPECT_EQ(kindOf(KDRVariantLock(KDRBufferArray())), 1010);
 }
 
 TEST(Lock, IsNeverCopied)

@@ -40,7 +40,7 @@ void writeRandomly(Pair& pair, std::mt19937& random)
 {
     int const number = static_cast<int>(random() % 1000);
     std::string const text = std::to_string(number);
-    switch (random() % 6) {
+    switch (random() % 9) {
     case 0:
         pair.variant.fromInt(number);
         unshared(pair) = {1, number, {}};
@@ -61,6 +61,24 @@ void writeRandomly(Pair& pair, std::mt19937& random)
         pair.variant.fromChar(KDRChar(number));
         unshared(pair) = {12, number, {}};
         break;
+    case 5:
+        pair.variant.fromBuffer(KDRBuffer(text.c_str()));
+        unshared(pair) = {11, 0, text};
+        break;
+    case 6: {
+        KDRStringArray strings;
+        strings.push_back(KDRString(text.c_str()));
+        pair.variant.fromStringArray(strings);
+        unshared(pair) = {1002, 0, text};
+        break;
+    }
+    case 7: {
+        KDRBufferArray buffers;
+        buffers.push_back(KDRBuffer(text.c_str()));
+        pair.variant.fromBufferArray(buffers);
+        unshared(pair) = {1010, 0, text};
+        break;
+    }
     default: {
         KDRNumberArray numbers;
         numbers.push_back(KDRNumber(number));
@@ -80,6 +98,9 @@ ModelValue readBack(KDRVariant const& variant)
     KDRPoint point;
     KDRChar character;
     KDRNumberArray numbers;
+    KDRBuffer bytes;
+    KDRStringArray strings;
+    KDRBufferArray buffers;
     if (variant.toBool(&flag))
         value.number = flag ? 1 : 0;
     else if (variant.toString(&text))
@@ -90,6 +111,12 @@ ModelValue readBack(KDRVariant const& variant)
         value.number = static_cast<KDRChar const&>(character).unicode();
     else if (variant.toNumberArray(&numbers))
         value.number = numbers[0].toInt();
+    else if (variant.toBuffer(&bytes))
+        value.text = bytes.constData();
+    else if (variant.toStringArray(&strings))
+        value.text = strings[0].toUtf8().constData();
+    else if (variant.toBufferArray(&buffers))
+        value.text = buffers[0].constData();
     else
         variant.toInt(&value.number);
     return value;

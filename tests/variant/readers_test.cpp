@@ -23,6 +23,22 @@ KDRNumberArray someNumbers()
     return numbers;
 }
 
+KDRBuffer someBytes() { return {"ab\0", 3}; }
+
+KDRStringArray someStrings()
+{
+    KDRStringArray strings;
+    strings.push_back(KDRString("text"));
+    return strings;
+}
+
+KDRBufferArray someBuffers()
+{
+    KDRBufferArray buffers;
+    buffers.push_back(someBytes());
+    return buffers;
+}
+
 KDRPointArray somePoints()
 {
     KDRPointArray points;
@@ -66,11 +82,14 @@ std::vector<Sample> samples()
             {3, KDRVariant(somePoint())},
             {4, KDRVariant(someImage())},
             {7, KDRVariant(someContour())},
+            {11, KDRVariant(someBytes())},
             {12, KDRVariant(KDRChar('c'))},
             {1001, KDRVariant(someNumbers())},
+            {1002, KDRVariant(someStrings())},
             {1003, KDRVariant(somePoints())},
             {1004, KDRVariant(someImages())},
             {1008, KDRVariant(someContours())},
+            {1010, KDRVariant(someBuffers())},
             {2000, KDRVariant()}};
 }
 
@@ -153,12 +172,19 @@ std::vector<Reader> readers()
             [](KDRImage const& image) { return image.width() == 0; }),
         valueReader<KDRContour>("toContour", 7, &KDRVariantPrivate::toContour,
                                 &KDRVariant::toContour, KDRContour(), lengthIs(1), lengthIs(0)),
+        valueReader<KDRBuffer>(
+            "toBuffer", 11, &KDRVariantPrivate::toBuffer, &KDRVariant::toBuffer, KDRBuffer("old"),
+            [](KDRBuffer const& bytes) { return bytes.at(0) == 'a' && bytes.at(2) == 0; },
+            [](KDRBuffer const& bytes) { return bytes.at(0) == 'o'; }),
         valueReader<KDRChar>(
             "toChar", 12, &KDRVariantPrivate::toChar, &KDRVariant::toChar, KDRChar('z'),
             [](KDRChar const& character) { return character.unicode() == 'c'; },
             [](KDRChar const& character) { return character.unicode() == 'z'; }),
         valueReader<KDRNumberArray>("toNumberArray", 1001, &KDRVariantPrivate::toNumberArray,
                                     &KDRVariant::toNumberArray, KDRNumberArray(), lengthIs(1),
+                                    lengthIs(0)),
+        valueReader<KDRStringArray>("toStringArray", 1002, &KDRVariantPrivate::toStringArray,
+                                    &KDRVariant::toStringArray, KDRStringArray(), lengthIs(1),
                                     lengthIs(0)),
         valueReader<KDRPointArray>("toPointArray", 1003, &KDRVariantPrivate::toPointArray,
                                    &KDRVariant::toPointArray, KDRPointArray(), lengthIs(1),
@@ -169,6 +195,9 @@ std::vector<Reader> readers()
         valueReader<KDRContourArray>("toContourArray", 1008, &KDRVariantPrivate::toContourArray,
                                      &KDRVariant::toContourArray, KDRContourArray(), lengthIs(1),
                                      lengthIs(0)),
+        valueReader<KDRBufferArray>("toBufferArray", 1010, &KDRVariantPrivate::toBufferArray,
+                                    &KDRVariant::toBufferArray, KDRBufferArray(), lengthIs(1),
+                                    lengthIs(0)),
     };
 }
 
@@ -203,16 +232,21 @@ std::vector<Reader> pointerReaders()
         pointerReader("toImagePtr", 4, &KDRVariantPrivate::toImagePtr, &KDRVariant::toImagePtr),
         pointerReader("toContourPtr", 7, &KDRVariantPrivate::toContourPtr,
                       &KDRVariant::toContourPtr),
+        pointerReader("toBufferPtr", 11, &KDRVariantPrivate::toBufferPtr, &KDRVariant::toBufferPtr),
         pointerReader("toCharPtr", 12, &KDRVariantPrivate::toCharPtr, &KDRVariant::toCharPtr),
         // The one reader that tests another kind: the number's, not the number array's.
         pointerReader("toNumberArrayPtr", 1, &KDRVariantPrivate::toNumberArrayPtr,
                       &KDRVariant::toNumberArrayPtr),
+        pointerReader("toStringArrayPtr", 1002, &KDRVariantPrivate::toStringArrayPtr,
+                      &KDRVariant::toStringArrayPtr),
         pointerReader("toPointArrayPtr", 1003, &KDRVariantPrivate::toPointArrayPtr,
                       &KDRVariant::toPointArrayPtr),
         pointerReader("toImageArrayPtr", 1004, &KDRVariantPrivate::toImageArrayPtr,
                       &KDRVariant::toImageArrayPtr),
         pointerReader("toContourArrayPtr", 1008, &KDRVariantPrivate::toContourArrayPtr,
                       &KDRVariant::toContourArrayPtr),
+        pointerReader("toBufferArrayPtr", 1010, &KDRVariantPrivate::toBufferArrayPtr,
+                      &KDRVariant::toBufferArrayPtr),
     };
 }
 

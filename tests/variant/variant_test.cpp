@@ -50,10 +50,13 @@ TEST(Variant, EachConstructorMakesItsKind)
     EXPECT_EQ(KDRVariant(KDRPoint()).variantType(), 3);
     EXPECT_EQ(KDRVariant(KDRImage()).variantType(), 4);
     EXPECT_EQ(KDRVariant(KDRContour()).variantType(), 7);
+    EXPECT_EQ(KDRVariant(KDRBuffer()).variantType(), 11);
     EXPECT_EQ(KDRVariant(KDRNumberArray()).variantType(), 1001);
+    EXPECT_EQ(KDRVariant(KDRStringArray()).variantType(), 1002);
     EXPECT_EQ(KDRVariant(KDRPointArray()).variantType(), 1003);
     EXPECT_EQ(KDRVariant(KDRImageArray()).variantType(), 1004);
     EXPECT_EQ(KDRVariant(KDRContourArray()).variantType(), 1008);
+    EXPECT_EQ(KDRVariant(KDRBufferArray()).variantType(), 1010);
 }
 
 TEST(Variant, ACStringIsTextOnly)
@@ -65,6 +68,17 @@ TEST(Variant, ACStringIsTextOnly)
     EXPECT_TRUE(text == KDRString("text"));
     EXPECT_FALSE(variant.toChar(&character));
     EXPECT_EQ(character.unicode(), 'x');
+}
+
+TEST(Variant, ABufferIsBytesAndNotText)
+{
+    KDRVariant const variant(KDRBuffer("text"));
+    KDRString text("old");
+    EXPECT_FALSE(variant.toString(&text));
+    EXPECT_TRUE(text == KDRString("old"));
+    KDRBuffer bytes;
+    EXPECT_TRUE(variant.toBuffer(&bytes));
+    EXPECT_EQ(bytes.size(), 4);
 }
 
 TEST(Variant, CopiesAndAssignmentsShareTheStore)
@@ -126,10 +140,13 @@ TEST(Variant, EveryWriterDetachesASharedHandle)
         +[](KDRVariant& v) { v.fromPoint(KDRPoint()); },
         +[](KDRVariant& v) { v.fromImage(KDRImage()); },
         +[](KDRVariant& v) { v.fromContour(KDRContour()); },
+        +[](KDRVariant& v) { v.fromBuffer(KDRBuffer()); },
         +[](KDRVariant& v) { v.fromNumberArray(KDRNumberArray()); },
+        +[](KDRVariant& v) { v.fromStringArray(KDRStringArray()); },
         +[](KDRVariant& v) { v.fromPointArray(KDRPointArray()); },
         +[](KDRVariant& v) { v.fromImageArray(KDRImageArray()); },
         +[](KDRVariant& v) { v.fromContourArray(KDRContourArray()); },
+        +[](KDRVariant& v) { v.fromBufferArray(KDRBufferArray()); },
     };
     for (auto const writer : writers) {
         KDRVariant shared(original);
@@ -275,16 +292,25 @@ TEST(Variant, PayloadsAreCopiesOfWhatWasGiven)
     EXPECT_EQ(again.x(), 1.0);
 }
 
-TEST(Variant, TextPixelsAndListsAreSharedNotCopied)
+TEST(Variant, TextBytesPixelsAndListsAreSharedNotCopied)
 {
     KDRString const text("some text");
+    KDRBuffer const bytes("some bytes");
     KDRImage const image(nullptr, 4, 4, 1, 0, KDRImage::DataTypeUInt8);
+    KDRStringArray texts;
+    texts.push_back(text);
     KDRString textOut;
+    KDRBuffer bytesOut;
     KDRImage imageOut;
+    KDRStringArray textsOut;
     ASSERT_TRUE(KDRVariant(text).toString(&textOut));
+    ASSERT_TRUE(KDRVariant(bytes).toBuffer(&bytesOut));
     ASSERT_TRUE(KDRVariant(image).toImage(&imageOut));
+    ASSERT_TRUE(KDRVariant(texts).toStringArray(&textsOut));
     EXPECT_EQ(textOut.toUtf16(), text.toUtf16());
+    EXPECT_EQ(bytesOut.constData(), bytes.constData());
     EXPECT_EQ(imageOut.dataPtr(), image.dataPtr());
+    EXPECT_EQ(textsOut[0].toUtf16(), text.toUtf16());
 }
 
 TEST(Variant, HandlesGoneLeaveNothingBehind)
