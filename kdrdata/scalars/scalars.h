@@ -2,7 +2,7 @@
 #define KDRDATA_SCALARS_H
 
 /// @file
-/// Numbers and the arrays of them.
+/// Numbers, selections, flags, colours and the arrays of them.
 
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/scalars/kdrnumberarray.h>

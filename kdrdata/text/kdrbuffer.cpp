@@ -1,6 +1,7 @@
 #include <kdrdata/text/kdrbuffer.h>
 
 #include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/text/textlimits_p.h>
 
 #include <QtCore/QByteArray>
 
@@ -11,6 +12,8 @@
 #include <new>
 
 namespace {
+
+using namespace KDRTextLimits;
 
 static_assert(int{KDRBuffer::KDRBase64Standard} == int{QByteArray::Base64Encoding});
 static_assert(int{KDRBuffer::KDRBase64Url} == int{QByteArray::Base64UrlEncoding});
@@ -24,7 +27,10 @@ QByteArray::Base64Options qtOptions(KDRBuffer::KDRBase64Option options)
 int lengthOf(char const* str, int len) { return len < 0 ? static_cast<int>(qstrlen(str)) : len; }
 
 // The caller's bytes without copying them, for calls that only read them.
-QByteArray view(char const* str) { return QByteArray::fromRawData(str, lengthOf(str, -1)); }
+QByteArray view(char const* str, int len)
+{
+    return QByteArray::fromRawData(str, lengthOf(str, len));
+}
 
 // Qt moves its own bytes before it reads the given ones; those that lie among them are copied
 // first.
@@ -33,13 +39,6 @@ bool liesIn(QByteArray const& bytes, char const* str)
     std::less<char const*> const before;
     char const* const begin = bytes.constData();
     return !before(str, begin) && !before(begin + bytes.size(), str);
-}
-
-// Qt adds up sizes without looking and writes outside the bytes when the sum overflows.
-void mustFit(int size, int added)
-{
-    if (added > 0 && size > INT_MAX - added)
-        throw std::bad_alloc();
 }
 
 void appendTo(QByteArray& bytes, char const* str, int len)
@@ -68,7 +67,7 @@ void insertInto(QByteArray& bytes, int i, char const* str, int len)
 {
     if (!str || i < 0 || len <= 0)
         return;
-    mustFit(std::max(i, bytes.size()), len);
+    mustFit(static_cast<long long>(std::max(i, bytes.size())) + len);
     if (liesIn(bytes, str))
         bytes.insert(i, QByteArray(str, len));
     else
@@ -81,12 +80,24 @@ void replaceRange(QByteArray& bytes, int pos, int len, QByteArray const& after)
 {
     if (pos < 0)
         return;
-    mustFit(std::max(pos, bytes.size()), after.size());
+    mustFit(static_cast<long long>(std::max(pos, bytes.size())) + after.size());
     bytes.replace(pos, std::clamp(len, 0, std::max(0, bytes.size() - pos)), after);
 }
 
 // Qt subtracts the size without looking; all negative widths mean the same.
 int knownWidth(int width) { return std::max(width, -1); }
+
+// Qt reads what is to be replaced and what replaces it while it moves its own bytes.
+void replaceAll(QByteArray& bytes, QByteArray before, QByteArray after)
+{
+    if (liesIn(bytes, before.constData()))
+        before = QByteArray(before.constData(), before.size());
+    if (liesIn(bytes, after.constData()))
+        after = QByteArray(after.constData(), after.size());
+    replacementMustFit(bytes.size(), before.size(), after.size(),
+                       [&](int from) { return bytes.indexOf(before, from); });
+    bytes.replace(before, after);
+}
 
 int countOf(QByteArray const& bytes, QByteArray const& needle)
 {
@@ -132,9 +143,11 @@ KDRBuffer KDRBuffer::fromRawData(char const* data, int size)
 
 KDRBuffer& KDRBuffer::setRawData(char const* data, unsigned int size)
 {
-    if (size > static_cast<unsigned int>(INT_MAX))
-        throw std::bad_alloc();
-    d->setRawData(data, size);
+    mustFit(size);
+    if (data)
+        d->setRawData(data, size);
+    else
+        d->clear();
     return *this;
 }
 
@@ -153,7 +166,7 @@ char KDRBuffer::operator[](unsigned int i) const
     // In an empty buffer the last position wraps to the largest one, and no index lies behind it.
     if (static_cast<unsigned int>(d->size()) - 1U < i)
         return ' ';
-    return d->size() <= static_cast<int>(i) ? '\0' : d->constData()[i];
+    return d->isEmpty() ? '\0' : d->constData()[i];
 }
 
 char const* KDRBuffer::constData() const { return d->constData(); }
@@ -164,13 +177,16 @@ bool KDRBuffer::contains(KDRBuffer const& needle) const { return d->contains(*ne
 bool KDRBuffer::contains(char const* needle) const { return d->contains(needle); }
 bool KDRBuffer::contains(char ch) const { return d->contains(ch); }
 int KDRBuffer::count(KDRBuffer const& needle) const { return countOf(*d, *needle.d); }
-int KDRBuffer::count(char const* needle) const { return countOf(*d, view(needle)); }
+int KDRBuffer::count(char const* needle) const { return countOf(*d, view(needle, -1)); }
 int KDRBuffer::count(char ch) const { return d->count(ch); }
 int KDRBuffer::indexOf(KDRBuffer const& needle, int from) const
 {
-    return d->indexOf(*needle.d, from);
+    return d->indexOf(*needle.d, searchStart(d->size(), needle.d->size(), from));
 }
-int KDRBuffer::indexOf(char const* needle, int from) const { return d->indexOf(needle, from); }
+int KDRBuffer::indexOf(char const* needle, int from) const
+{
+    return d->indexOf(needle, searchStart(d->size(), lengthOf(needle, -1), from));
+}
 int KDRBuffer::indexOf(char ch, int from) const { return d->indexOf(ch, from); }
 int KDRBuffer::lastIndexOf(KDRBuffer const& needle, int from) const
 {
@@ -197,9 +213,8 @@ KDRBuffer KDRBuffer::mid(int pos, int n) const
 
 KDRBuffer KDRBuffer::repeated(int times) const
 {
-    // Qt multiplies without looking and writes outside the bytes when the product overflows.
-    if (!d->isEmpty() && times > INT_MAX / d->size())
-        throw std::bad_alloc();
+    if (times > 0)
+        mustFit(static_cast<long long>(d->size()) * times);
     return KDRInternal::taking<KDRBuffer>(d->repeated(times));
 }
 
@@ -307,14 +322,16 @@ KDRBuffer& KDRBuffer::prepend(int count, char ch) { return insert(0, count, ch);
 
 KDRBuffer& KDRBuffer::insert(int i, KDRBuffer const& other)
 {
-    mustFit(std::max(i, d->size()), other.d->size());
+    if (i >= 0)
+        mustFit(static_cast<long long>(std::max(i, d->size())) + other.d->size());
     d->insert(i, *other.d);
     return *this;
 }
 
 KDRBuffer& KDRBuffer::insert(int i, int count, char ch)
 {
-    mustFit(std::max(i, d->size()), count);
+    if (i >= 0 && count > 0)
+        mustFit(static_cast<long long>(std::max(i, d->size())) + count);
     d->insert(i, count, ch);
     return *this;
 }
@@ -373,7 +390,7 @@ KDRBuffer& KDRBuffer::replace(char before, char const* after)
 
 KDRBuffer& KDRBuffer::replace(char before, KDRBuffer const& after)
 {
-    d->replace(before, QByteArray(*after.d));
+    replaceAll(*d, QByteArray(1, before), *after.d);
     return *this;
 }
 
@@ -390,24 +407,26 @@ KDRBuffer& KDRBuffer::replace(char const* before, char const* after)
 
 KDRBuffer& KDRBuffer::replace(char const* before, int blen, char const* after, int alen)
 {
-    d->replace(before, lengthOf(before, blen), after, lengthOf(after, alen));
+    replaceAll(*d, view(before, blen), view(after, alen));
     return *this;
 }
 
 KDRBuffer& KDRBuffer::replace(KDRBuffer const& before, KDRBuffer const& after)
 {
-    d->replace(QByteArray(*before.d), QByteArray(*after.d));
+    replaceAll(*d, *before.d, *after.d);
     return *this;
 }
 
 KDRBuffer& KDRBuffer::replace(KDRBuffer const& before, char const* after)
 {
-    return replace(before.d->constData(), before.d->size(), after, -1);
+    replaceAll(*d, *before.d, view(after, -1));
+    return *this;
 }
 
 KDRBuffer& KDRBuffer::replace(char const* before, KDRBuffer const& after)
 {
-    return replace(before, -1, after.d->constData(), after.d->size());
+    replaceAll(*d, view(before, -1), *after.d);
+    return *this;
 }
 
 KDRBuffer& KDRBuffer::fill(char ch, int size)

@@ -15,7 +15,9 @@ struct KDRInternal;
 ///
 /// Null and empty are distinct: a null buffer is an empty one that was given no bytes at all.
 ///
-/// Failure: no operation reports one. An allocation that fails throws std::bad_alloc.
+/// Failure: only toShort() reports one, through `ok`. An allocation that fails, and a result of
+/// more bytes than an `int` counts, throws std::bad_alloc and leaves the buffers involved as they
+/// were.
 ///
 /// @code
 /// KDRBuffer bytes("ab\0cd", 5);
@@ -68,8 +70,8 @@ public:
     /// be no zero behind the last byte (QByteArray::fromRawData).
     static KDRBuffer fromRawData(char const* data, int size);
     /// Makes this buffer refer to the @p size bytes at @p data without copying them, by the rules
-    /// of fromRawData(); a null pointer or no bytes clear it. Returns this buffer, but the result
-    /// is not to be used. Kept on purpose (QByteArray::setRawData).
+    /// of fromRawData(); a null pointer makes it null, no bytes make it empty. Returns this buffer,
+    /// but the result is not to be used. Kept on purpose (QByteArray::setRawData).
     KDRBuffer& setRawData(char const* data, unsigned int size);
 
     /// The number of bytes (QByteArray::size).
@@ -91,7 +93,7 @@ public:
     /// The byte at @p i, or a space where there is none, in an empty buffer too. Kept on purpose.
     char operator[](int i) const;
     /// The byte at @p i, or a space behind the last one. In an empty buffer it is a zero for every
-    /// index below 2^31, unlike with an `int`. Kept on purpose.
+    /// index, unlike with an `int`. Kept on purpose.
     char operator[](unsigned int i) const;
 
     /// The bytes, for reading, followed by a zero byte (but see fromRawData()). Never null and
@@ -119,19 +121,22 @@ public:
     /// How often the byte occurs.
     int count(char ch) const;
     /// The position of the first occurrence of @p needle at or after @p from, or -1. A negative
-    /// @p from counts from the end. An empty needle is found at @p from itself
+    /// @p from counts from the end. An empty needle is found at @p from itself, whatever that is
     /// (QByteArray::indexOf).
     int indexOf(KDRBuffer const& needle, int from = 0) const;
-    /// The same for the bytes of @p needle up to its zero; a null pointer counts as empty.
+    /// The same for the bytes of @p needle up to its zero; a null pointer counts as empty, and an
+    /// empty needle is not found behind the end.
     int indexOf(char const* needle, int from = 0) const;
     /// The same for one byte.
     int indexOf(char ch, int from = 0) const;
-    /// The position of the last occurrence of @p needle that begins at or before @p from, or -1. A
-    /// negative @p from counts from the end (QByteArray::lastIndexOf).
+    /// The position of the last occurrence of @p needle that begins at or before @p from, or -1.
+    /// For a needle of one byte a negative @p from counts from the end, and one behind the end
+    /// means the end; for any other every negative one means the end, and behind the end nothing is
+    /// found (QByteArray::lastIndexOf).
     int lastIndexOf(KDRBuffer const& needle, int from = -1) const;
     /// The same for the bytes of @p needle up to its zero; a null pointer counts as empty.
     int lastIndexOf(char const* needle, int from = -1) const;
-    /// The same for one byte.
+    /// The same for one byte, as for a needle of one.
     int lastIndexOf(char ch, int from = -1) const;
     /// Whether the buffer begins with the bytes of @p start; an empty start always fits
     /// (QByteArray::startsWith).
@@ -154,15 +159,16 @@ public:
     /// The last @p n bytes, all of them if there are fewer, none if @p n is negative
     /// (QByteArray::right).
     KDRBuffer right(int n) const;
-    /// The @p n bytes from @p pos on, with -1 all to the end; null beyond the end
-    /// (QByteArray::mid).
+    /// The @p n bytes from @p pos on, with a negative @p n all to the end. What a negative @p pos
+    /// puts before the first byte counts but gives nothing; null where nothing can be given: beyond
+    /// the end, or before the first byte (QByteArray::mid).
     KDRBuffer mid(int pos, int n = -1) const;
-    /// The bytes @p times over, none for 0 and less; throws std::bad_alloc where that is more than
-    /// an `int` counts (QByteArray::repeated).
+    /// The bytes @p times over, a null buffer for 0 and less; throws std::bad_alloc where that is
+    /// more than an `int` counts (QByteArray::repeated).
     KDRBuffer repeated(int times) const;
     /// The bytes without white space at both ends (QByteArray::trimmed).
     KDRBuffer trimmed() const;
-    /// The bytes without white space at both ends, and one space for each inside
+    /// The bytes without white space at both ends, and with one space for every other stretch of it
     /// (QByteArray::simplified).
     KDRBuffer simplified() const;
     /// The bytes with Latin letters in lower case (QByteArray::toLower).
@@ -184,9 +190,9 @@ public:
     /// (QByteArray::toPercentEncoding).
     KDRBuffer toPercentEncoding(KDRBuffer const& exclude = KDRBuffer(),
                                 KDRBuffer const& include = KDRBuffer(), char percent = '%') const;
-    /// The number that the bytes spell in @p base (2 to 36, or 0 for the prefixes of C), or 0. @p
-    /// ok, when not null, receives whether the bytes are a number that fits. There is no other
-    /// number conversion. Kept on purpose (QByteArray::toShort).
+    /// The number that the bytes spell in @p base (2 to 36, or 0 for the prefixes of C; in no other
+    /// base do they), or 0. @p ok, when not null, receives whether the bytes are a number that
+    /// fits. There is no other number conversion. Kept on purpose (QByteArray::toShort).
     short toShort(bool* ok = nullptr, int base = 10) const;
 
     /// What Base64 bytes stand for; anything that is not Base64 is skipped
@@ -200,7 +206,7 @@ public:
     /// The bytes with @p percent and two hexadecimal digits read as one byte
     /// (QByteArray::fromPercentEncoding).
     static KDRBuffer fromPercentEncoding(KDRBuffer const& input, char percent = '%');
-    /// Always 1.
+    /// Answers 1. Kept on purpose.
     static int memorySequence();
 
     /// Appends the bytes of @p other, which may be this buffer. An empty null buffer then shares
@@ -221,7 +227,8 @@ public:
     KDRBuffer& prepend(KDRBuffer const& other);
     /// Puts the bytes of @p str in front; otherwise as append().
     KDRBuffer& prepend(char const* str);
-    /// Puts the @p len bytes at @p str in front; otherwise as append().
+    /// Puts the @p len bytes at @p str in front; otherwise as append(), but no bytes make a null
+    /// buffer an empty one.
     KDRBuffer& prepend(char const* str, int len);
     /// Puts one byte in front. Returns this buffer.
     KDRBuffer& prepend(char ch);
@@ -278,7 +285,8 @@ public:
     KDRBuffer& replace(char before, char after);
     /// Puts @p after in the place of every occurrence of @p before, each up to its zero, null
     /// counting as empty. An empty @p before occurs in front of every byte and at the end; in a
-    /// null buffer nothing occurs. Returns this buffer (QByteArray::replace).
+    /// null buffer nothing occurs. Throws std::bad_alloc where the result is more than an `int`
+    /// counts. Returns this buffer (QByteArray::replace).
     KDRBuffer& replace(char const* before, char const* after);
     /// The same with @p blen and @p alen bytes; a negative length means up to the zero.
     KDRBuffer& replace(char const* before, int blen, char const* after, int alen);

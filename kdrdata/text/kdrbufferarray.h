@@ -15,6 +15,8 @@ struct KDRInternal;
 /// the list of handles. The bytes are shared all the while: an element that enters, leaves or is
 /// copied costs its holder and copies no byte. Indexes are `int`, counted from 0.
 ///
+/// Out of memory is std::bad_alloc and leaves the array as it was.
+///
 /// @code
 /// KDRBufferArray parts;
 /// parts.push_back(KDRBuffer("ab"));

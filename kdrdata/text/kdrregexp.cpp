@@ -205,7 +205,5 @@ int KDRRegExp::pos(int nth) const { return d->pos(nth); }
 
 KDRStringArray KDRRegExp::capturedTexts() const
 {
-    KDRStringArray texts;
-    KDRInternal::wrapped(texts) = d->capturedTexts();
-    return texts;
+    return KDRInternal::taking<KDRStringArray>(d->capturedTexts());
 }

@@ -3,6 +3,7 @@
 #include <kdrdata/kdrinternal_p.h>
 #include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstringarray.h>
+#include <kdrdata/text/textlimits_p.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QChar>
@@ -17,6 +18,8 @@
 #include <new>
 
 namespace {
+
+using namespace KDRTextLimits;
 
 // By the value of KDREncoding. Numbers 11 to 13 name families of encodings, so that no codec is
 // found for them and the codec of the environment comes back.
@@ -79,16 +82,51 @@ int possiblePrecision(int precision)
     return precision;
 }
 
-// Qt adds position and length without looking and writes outside the text when the sum overflows.
 void insertAt(QString& text, int i, QString const& inserted)
 {
-    if (!inserted.isEmpty() && i > INT_MAX - inserted.size())
-        throw std::bad_alloc();
+    if (!inserted.isEmpty() && i >= 0)
+        mustFit(static_cast<long long>(i) + inserted.size());
     text.insert(i, inserted);
+}
+
+// Qt takes every negative size for -1, but not in all of its decoders.
+int knownSize(int size) { return std::max(size, -1); }
+
+// The same for an expression, whose captures can come up in the new text: all of them together at
+// most once for each backslash, since matches do not overlap.
+void replacementMustFit(QString const& text, QRegExp const& rx, QString const& after)
+{
+    long long const captured = text.size() * (1LL + after.count('\\'));
+    long long const most = text.size() + 1LL;
+    if (captured + most * after.size() <= INT_MAX)
+        return;
+    QRegExp counter(rx);
+    long long count = 0;
+    for (int at = counter.indexIn(text); at >= 0;
+         at = counter.indexIn(text, at + std::max(1, counter.matchedLength())))
+        ++count;
+    mustFit(captured + count * after.size());
+}
+
+// The longest that an integer is written in any base, digit groups and sign included, and a
+// floating-point number but for its precision.
+constexpr int longestInteger = 128;
+constexpr int longestFloating = 512;
+
+void integerMustFit(QString const& text, int fieldWidth)
+{
+    formattedMustFit(text, fieldWidth, longestInteger);
+}
+
+void floatingMustFit(QString const& text, int fieldWidth, int precision)
+{
+    formattedMustFit(text, fieldWidth,
+                     longestFloating + static_cast<long long>(std::max(0, precision)));
 }
 
 QString argCharacter(QString const& text, QChar a, int fieldWidth, QChar fill)
 {
+    formattedMustFit(text, fieldWidth, 1);
     return a.isNull() ? text.arg(QString(""), fieldWidth, fill) : text.arg(a, fieldWidth, fill);
 }
 
@@ -138,13 +176,13 @@ KDRString& KDRString::fromLatin1(char const* str, int size)
 
 KDRString& KDRString::fromLocal8Bit(char const* str, int size)
 {
-    *d = QString::fromLocal8Bit(str, size);
+    *d = QString::fromLocal8Bit(str, knownSize(size));
     return *this;
 }
 
 KDRString& KDRString::fromUtf8(char const* str, int size)
 {
-    *d = QString::fromUtf8(str, size);
+    *d = QString::fromUtf8(str, knownSize(size));
     return *this;
 }
 
@@ -154,25 +192,13 @@ KDRString& KDRString::fromUtf16(unsigned short const* unicode, int size)
     return *this;
 }
 
-KDRBuffer KDRString::toLatin1() const
-{
-    KDRBuffer result;
-    KDRInternal::wrapped(result) = d->toLatin1();
-    return result;
-}
+KDRBuffer KDRString::toLatin1() const { return KDRInternal::taking<KDRBuffer>(d->toLatin1()); }
 
-KDRBuffer KDRString::toUtf8() const
-{
-    KDRBuffer result;
-    KDRInternal::wrapped(result) = d->toUtf8();
-    return result;
-}
+KDRBuffer KDRString::toUtf8() const { return KDRInternal::taking<KDRBuffer>(d->toUtf8()); }
 
 KDRBuffer KDRString::toLocal8Bit() const
 {
-    KDRBuffer result;
-    KDRInternal::wrapped(result) = d->toLocal8Bit();
-    return result;
+    return KDRInternal::taking<KDRBuffer>(d->toLocal8Bit());
 }
 
 unsigned short const* KDRString::toUtf16() const { return d->utf16(); }
@@ -209,10 +235,7 @@ bool KDRString::contains(KDRRegExp const& rx) const { return indexOf(rx, 0) != -
 
 int KDRString::indexOf(KDRString const& s, int from, KDRCaseSensitivity cs) const
 {
-    // From just before the start Qt searches what lies before the text as well.
-    int const size = d->size();
-    bool const justBefore = from < -size && from >= -size - s.d->size();
-    return d->indexOf(*s.d, justBefore && s.d->size() > 1 ? 0 : from, qtCase(cs));
+    return d->indexOf(*s.d, searchStart(d->size(), s.d->size(), from), qtCase(cs));
 }
 
 int KDRString::indexOf(KDRRegExp const& rx, int from) const
@@ -301,12 +324,15 @@ KDRString& KDRString::replace(int position, int n, KDRString const& after)
 KDRString& KDRString::replace(KDRString const& before, KDRString const& after,
                               KDRCaseSensitivity cs)
 {
+    replacementMustFit(d->size(), before.d->size(), after.d->size(),
+                       [&](int from) { return d->indexOf(*before.d, from, qtCase(cs)); });
     d->replace(*before.d, *after.d, qtCase(cs));
     return *this;
 }
 
 KDRString& KDRString::replace(KDRRegExp const& rx, KDRString const& after)
 {
+    replacementMustFit(*d, KDRInternal::wrapped(rx), *after.d);
     d->replace(KDRInternal::wrapped(rx), *after.d);
     return *this;
 }
@@ -320,9 +346,8 @@ KDRString KDRString::mid(int position, int n) const
 
 KDRString KDRString::repeated(int times) const
 {
-    // Qt multiplies without looking and writes outside the text when the product overflows.
-    if (!d->isEmpty() && times > INT_MAX / d->size())
-        throw std::bad_alloc();
+    if (times > 0)
+        mustFit(static_cast<long long>(d->size()) * times);
     return KDRInternal::taking<KDRString>(d->repeated(times));
 }
 
@@ -352,21 +377,25 @@ KDRStringArray KDRString::split(KDRRegExp const& rx, KDRSplitBehavior behavior) 
 
 KDRString KDRString::arg(KDRString const& a, int fieldWidth) const
 {
+    formattedMustFit(*d, fieldWidth, a.d->size());
     return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth));
 }
 
 KDRString KDRString::arg(KDRString const& a, int fieldWidth, KDRChar fillChar) const
 {
+    formattedMustFit(*d, fieldWidth, a.d->size());
     return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth, KDRInternal::wrapped(fillChar)));
 }
 
 #define KDR_DEFINE_ARG(Integer, Widened)                                                           \
     KDRString KDRString::arg(Integer a, int fieldWidth, int base) const                            \
     {                                                                                              \
+        integerMustFit(*d, fieldWidth);                                                            \
         return KDRInternal::taking<KDRString>(d->arg(Widened{a}, fieldWidth, knownBase(base)));    \
     }                                                                                              \
     KDRString KDRString::arg(Integer a, int fieldWidth, int base, KDRChar fillChar) const          \
     {                                                                                              \
+        integerMustFit(*d, fieldWidth);                                                            \
         return KDRInternal::taking<KDRString>(                                                     \
             d->arg(Widened{a}, fieldWidth, knownBase(base), KDRInternal::wrapped(fillChar)));      \
     }
@@ -382,6 +411,7 @@ KDR_DEFINE_ARG(unsigned long long, qulonglong)
 
 KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision) const
 {
+    floatingMustFit(*d, fieldWidth, precision);
     return KDRInternal::taking<KDRString>(
         d->arg(a, fieldWidth, formatLetter(format), possiblePrecision(precision)));
 }
@@ -389,6 +419,7 @@ KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, i
 KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision,
                          KDRChar fillChar) const
 {
+    floatingMustFit(*d, fieldWidth, precision);
     return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, formatLetter(format),
                                                  possiblePrecision(precision),
                                                  KDRInternal::wrapped(fillChar)));
@@ -396,11 +427,13 @@ KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, i
 
 KDRString KDRString::arg(char a, int fieldWidth) const
 {
+    formattedMustFit(*d, fieldWidth, 1);
     return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth));
 }
 
 KDRString KDRString::arg(char a, int fieldWidth, KDRChar fillChar) const
 {
+    formattedMustFit(*d, fieldWidth, 1);
     return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, KDRInternal::wrapped(fillChar)));
 }
 

@@ -23,9 +23,10 @@ struct KDRInternal;
 ///
 /// Bytes read as UTF-8 may begin with a byte order mark, which is no part of the text.
 ///
-/// Failure: no operation reports one. Bytes that are not valid in their encoding are decoded to
-/// replacement characters. An allocation that fails throws std::bad_alloc and leaves the strings
-/// involved as they were.
+/// Failure: only the conversions to numbers report one, through `ok`. Bytes that are not valid in
+/// their encoding are decoded to replacement characters. An allocation that fails, and a result of
+/// more code units than an `int` counts, throws std::bad_alloc and leaves the strings involved as
+/// they were.
 ///
 /// @code
 /// KDRString name("part-%1.png");
@@ -99,9 +100,9 @@ public:
     /// The text of @p s, read as UTF-8 up to the terminating zero. A null pointer gives a null
     /// string.
     KDRString(char const* s);
-    /// The @p size code units at @p unicode, or with size -1 those up to the first zero. A leading
-    /// byte order mark is left out and sets the byte order; without one it is the machine's. A null
-    /// pointer gives a null string (QString::fromUtf16).
+    /// The @p size code units at @p unicode, or with a negative size those up to the first zero. A
+    /// leading byte order mark is left out and sets the byte order; without one it is the
+    /// machine's. A null pointer gives a null string (QString::fromUtf16).
     KDRString(unsigned short const* unicode, int size = -1);
     /// The bytes of @p b up to the first zero byte or the end, read as UTF-8. A null buffer gives
     /// an empty string that is not null, unlike in assignment. Kept on purpose.
@@ -121,21 +122,21 @@ public:
     /// Returns this string.
     KDRString& operator=(unsigned short const* unicode);
 
-    /// Replaces this text by the @p size bytes at @p str, read as Latin-1; with size -1 by those
-    /// up to the terminating zero. A null pointer makes this string null. Returns this string
+    /// Replaces this text by the @p size bytes at @p str, read as Latin-1; with a negative size by
+    /// those up to the terminating zero. A null pointer makes this string null. Returns this string
     /// (QString::fromLatin1).
     KDRString& fromLatin1(char const* str, int size = -1);
     /// Replaces this text by the @p size bytes at @p str, read in the local 8-bit encoding (see
-    /// setLocalTextCodec()); with size -1 by those up to the terminating zero. A null pointer makes
-    /// this string null. Returns this string (QString::fromLocal8Bit).
+    /// setLocalTextCodec()); with a negative size by those up to the terminating zero. A null
+    /// pointer makes this string null. Returns this string (QString::fromLocal8Bit).
     KDRString& fromLocal8Bit(char const* str, int size = -1);
-    /// Replaces this text by the @p size bytes at @p str, read as UTF-8; with size -1 by those up
-    /// to the terminating zero. A null pointer makes this string null. Returns this string
+    /// Replaces this text by the @p size bytes at @p str, read as UTF-8; with a negative size by
+    /// those up to the terminating zero. A null pointer makes this string null. Returns this string
     /// (QString::fromUtf8).
     KDRString& fromUtf8(char const* str, int size = -1);
-    /// Replaces this text by the @p size code units at @p unicode, or with size -1 by those up to
-    /// the first zero. A leading byte order mark is left out and sets the byte order; without one
-    /// it is the machine's. A null pointer makes this string null. Returns this string
+    /// Replaces this text by the @p size code units at @p unicode, or with a negative size by those
+    /// up to the first zero. A leading byte order mark is left out and sets the byte order; without
+    /// one it is the machine's. A null pointer makes this string null. Returns this string
     /// (QString::fromUtf16).
     KDRString& fromUtf16(unsigned short const* unicode, int size = -1);
 

@@ -2,7 +2,8 @@
 #define KDRDATA_VISION_H
 
 /// @file
-/// Points, contours, images and the arrays of them.
+/// Shapes and their conversion, points, contours, images, regions, matrices and their arrays, and
+/// the small records.
 
 #include <kdrdata/vision/kdrcontour.h>
 #include <kdrdata/vision/kdrcontourarray.h>

@@ -1,6 +1,7 @@
 #include <kdrdata/text/kdrbuffer.h>
 
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,6 @@ static_assert(sizeof(KDRBuffer) == sizeof(void*));
 static_assert(!std::is_polymorphic_v<KDRBuffer>);
 static_assert(std::is_same_v<decltype(static_cast<char* (KDRBuffer::*)() const>(&KDRBuffer::data)),
                              char* (KDRBuffer::*)() const>);
-
-QByteArray bytesOf(KDRBuffer const& buffer)
-{
-    return QByteArray(buffer.constData(), buffer.size());
-}
 
 TEST(Buffer, DefaultIsNullAndEmpty)
 {

@@ -3,11 +3,13 @@
 
 #include "../contract/arraysuite.h"
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <gtest/gtest.h>
 
 #include <QtCore/QList>
 
+#include <new>
 #include <string>
 
 namespace {
@@ -23,11 +25,6 @@ struct BufferArrayTraits
 
 using BufferArrays = testing::Types<BufferArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(BufferArray, ArrayContract, BufferArrays, );
-
-QByteArray bytesOf(KDRBuffer const& buffer)
-{
-    return QByteArray(buffer.constData(), buffer.size());
-}
 
 KDRBufferArray arrayOf(std::initializer_list<KDRBuffer> elements)
 {
@@ -95,6 +92,15 @@ TEST(BufferArray, JoinDetachesASharedList)
     EXPECT_EQ(bytesOf(array.join()), "abcd");
     EXPECT_FALSE(shared());
     EXPECT_EQ(copy.length(), 2);
+}
+
+TEST(BufferArray, JoinBeyondAnIntThrowsBeforeItReadsAByte)
+{
+    static char const byte = 'x';
+    KDRBufferArray array;
+    for (int i = 0; i < 3; ++i)
+        array.push_back(KDRBuffer::fromRawData(&byte, 1 << 30));
+    EXPECT_THROW(array.join(), std::bad_alloc);
 }
 
 } // namespace

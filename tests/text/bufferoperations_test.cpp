@@ -1,6 +1,7 @@
 #include <kdrdata/text/kdrbuffer.h>
 
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <gtest/gtest.h>
 
@@ -10,11 +11,6 @@
 #include <string>
 
 namespace {
-
-QByteArray bytesOf(KDRBuffer const& buffer)
-{
-    return QByteArray(buffer.constData(), buffer.size());
-}
 
 TEST(BufferIndex, AnIntOutsideReadsASpaceAlsoInAnEmptyBuffer)
 {
@@ -36,7 +32,7 @@ TEST(BufferIndex, AnUnsignedOutsideReadsASpaceButAZeroInAnEmptyBuffer)
     EXPECT_EQ(two[1U], 'b');
     for (unsigned int const i : {2U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU})
         EXPECT_EQ(two[i], ' ') << i;
-    for (unsigned int const i : {0U, 1U, 0x7FFFFFFFU}) {
+    for (unsigned int const i : {0U, 1U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
         EXPECT_EQ(KDRBuffer()[i], '\0') << i;
         EXPECT_EQ(KDRBuffer("")[i], '\0') << i;
     }
@@ -166,17 +162,154 @@ TEST(BufferAppend, OfItselfAndOfItsOwnBytes)
         EXPECT_EQ(bytesOf(buffer), before + before.mid(1));
         buffer.prepend(buffer.constData() + 1, 2);
         EXPECT_EQ(bytesOf(buffer), before.mid(1, 2) + before + before.mid(1));
-        buffer.insert(1, buffer.constData(), 3);
-        EXPECT_EQ(buffer.size(), 2 * before.size() - 1 + 5);
+        QByteArray const grown = bytesOf(buffer);
+        buffer.insert(1, buffer.constData() + 3, 2);
+        EXPECT_EQ(bytesOf(buffer), grown.left(1) + grown.mid(3, 2) + grown.mid(1));
+        buffer = KDRBuffer(grown.constData());
         buffer.replace(0, 1, buffer.constData() + 2);
+        EXPECT_EQ(bytesOf(buffer), grown.mid(2) + grown.mid(1));
         buffer = buffer.constData() + 1;
+        EXPECT_EQ(bytesOf(buffer), (grown.mid(2) + grown.mid(1)).mid(1));
     }
+}
+
+TEST(BufferAppend, OfItsOwnBytesSurvivesTheMoveToANewPlace)
+{
+    // So large that the old place is gone from the address space once the bytes have moved.
+    constexpr int size = 4 * 1024 * 1024;
+    KDRBuffer buffer(size, 'x');
+    buffer.squeeze();
+    buffer.append(buffer.constData(), size);
+    EXPECT_EQ(bytesOf(buffer), QByteArray(2 * size, 'x'));
+    buffer.squeeze();
+    buffer.prepend(buffer.constData(), size);
+    EXPECT_EQ(bytesOf(buffer), QByteArray(3 * size, 'x'));
+}
+
+TEST(BufferReplace, TakesItsOwnBytesForEitherPart)
+{
+    QByteArray const model = QByteArray("abc").repeated(300);
+    KDRBuffer const start = KDRBuffer("abc").repeated(300);
+    QByteArray const whole(model.constData(), model.size());
+    auto const expectAll = [&](KDRBuffer const& got, QByteArray const& before,
+                               QByteArray const& after) {
+        QByteArray expected(model.constData(), model.size());
+        expected.replace(before, after);
+        EXPECT_EQ(bytesOf(got), expected);
+    };
+    KDRBuffer b(bytesOf(start).constData());
+    expectAll(b.replace('b', b.constData()), "b", whole);
+    b = bytesOf(start).constData();
+    expectAll(b.replace('b', b), "b", whole);
+    b = bytesOf(start).constData();
+    expectAll(b.replace("b", b.constData()), "b", whole);
+    b = bytesOf(start).constData();
+    expectAll(b.replace("b", 1, b.constData() + 1, 9), "b", whole.mid(1, 9));
+    b = bytesOf(start).constData();
+    expectAll(b.replace(KDRBuffer("b"), b.constData()), "b", whole);
+    b = bytesOf(start).constData();
+    expectAll(b.replace("b", b), "b", whole);
+    b = bytesOf(start).constData();
+    expectAll(b.replace(b.constData(), 3, b.constData(), 4), "abc", "abca");
+    b = bytesOf(start).constData();
+    expectAll(b.replace(b.constData(), 3, b.constData(), 1), "abc", "a");
+    b = bytesOf(start).constData();
+    expectAll(b.replace(b.constData(), 3, b.constData() + 1, 3), "abc", "bca");
+}
+
+TEST(BufferReplace, OfAllByTooMuchThrowsAndChangesNothing)
+{
+    KDRBuffer const million(1 << 20, 'x');
+    KDRBuffer buffer(8192, 'a');
+    EXPECT_THROW(buffer.replace('a', million), std::bad_alloc);
+    EXPECT_THROW(buffer.replace('a', million.constData()), std::bad_alloc);
+    EXPECT_THROW(buffer.replace("a", million), std::bad_alloc);
+    EXPECT_THROW(buffer.replace(KDRBuffer("a"), million), std::bad_alloc);
+    EXPECT_THROW(buffer.replace(KDRBuffer("a"), million.constData()), std::bad_alloc);
+    EXPECT_THROW(buffer.replace("a", 1, million.constData(), million.size()), std::bad_alloc);
+    EXPECT_THROW(buffer.replace("", million), std::bad_alloc);
+    EXPECT_EQ(bytesOf(buffer), QByteArray(8192, 'a'));
+    // One occurrence among many bytes is no reason to refuse.
+    buffer.append('b');
+    EXPECT_EQ(buffer.replace('b', million).size(), 8192 + (1 << 20));
+}
+
+TEST(BufferSearch, NeverLooksBeforeTheFirstByte)
+{
+    char const bytes[] = "xxabc";
+    KDRBuffer const buffer = KDRBuffer::fromRawData(bytes + 2, 3);
+    for (int from = -9; from < 0; ++from) {
+        EXPECT_EQ(buffer.indexOf("xxa", from), -1) << from;
+        EXPECT_EQ(buffer.indexOf(KDRBuffer("xxa"), from), -1) << from;
+        EXPECT_EQ(buffer.indexOf("xa", from), -1) << from;
+    }
+    EXPECT_EQ(buffer.indexOf("abc", -4), 0);
+    EXPECT_EQ(buffer.indexOf("ab", -3), 0);
+}
+
+TEST(BufferSearch, BackwardsFromANegativePositionDependsOnTheNeedlesLength)
+{
+    KDRBuffer const buffer("abcab");
+    for (int const from : {-1, -3, -6})
+        EXPECT_EQ(buffer.lastIndexOf("ab", from), 3) << from;
+    EXPECT_EQ(buffer.lastIndexOf("ab", 6), -1);
+    EXPECT_EQ(buffer.lastIndexOf("ab", 2), 0);
+    EXPECT_EQ(buffer.lastIndexOf('b', -1), 4);
+    EXPECT_EQ(buffer.lastIndexOf('b', -2), 1);
+    EXPECT_EQ(buffer.lastIndexOf('b', 6), 4);
+    EXPECT_EQ(buffer.lastIndexOf("b", -2), 1);
+}
+
+TEST(BufferSearch, OfAnEmptyNeedleAnswersWhereItStarts)
+{
+    KDRBuffer const buffer("abcab");
+    EXPECT_EQ(buffer.indexOf(KDRBuffer(""), 7), 7);
+    EXPECT_EQ(buffer.indexOf(KDRBuffer(""), 2), 2);
+    EXPECT_EQ(buffer.indexOf("", 7), -1);
+    EXPECT_EQ(buffer.indexOf("", 5), 5);
+}
+
+TEST(BufferParts, BeforeTheFirstByteGiveNothing)
+{
+    KDRBuffer const buffer("abcab");
+    EXPECT_EQ(bytesOf(buffer.mid(-2, 3)), "a");
+    EXPECT_TRUE(buffer.mid(-7, 3).isNull());
+    EXPECT_TRUE(buffer.mid(6).isNull());
+    EXPECT_EQ(bytesOf(buffer.mid(-2, -5)), "abcab");
+    EXPECT_TRUE(buffer.repeated(0).isNull());
+    EXPECT_TRUE(buffer.repeated(-1).isNull());
+}
+
+TEST(BufferCase, IsThatOfLatin1)
+{
+    EXPECT_EQ(bytesOf(KDRBuffer("aZ\xE9\xFF").toUpper()), QByteArray("aZ\xE9\xFF").toUpper());
+    EXPECT_EQ(bytesOf(KDRBuffer("aZ\xC9\xFF").toLower()), QByteArray("aZ\xC9\xFF").toLower());
+}
+
+TEST(BufferAppend, PushesAreAppendAndPrepend)
+{
+    KDRBuffer buffer;
+    buffer.push_back("cd");
+    buffer.push_back('e');
+    buffer.push_back(KDRBuffer("f"));
+    buffer.push_front("b");
+    buffer.push_front('a');
+    buffer.push_front(KDRBuffer("_"));
+    EXPECT_EQ(bytesOf(buffer), "_abcdef");
+    buffer.resize(9);
+    EXPECT_EQ(buffer.size(), 9);
+    EXPECT_EQ(bytesOf(buffer.left(7)), "_abcdef");
+    buffer.clear();
+    EXPECT_TRUE(buffer.isNull());
+    EXPECT_TRUE(KDRBuffer().append("x", 0).isNull());
+    EXPECT_FALSE(KDRBuffer().prepend("x", 0).isNull());
 }
 
 TEST(BufferSizes, BeyondAnIntThrowAndChangeNothing)
 {
     KDRBuffer buffer("abc");
     EXPECT_THROW(buffer.repeated(INT_MAX), std::bad_alloc);
+    EXPECT_THROW(KDRBuffer("abcd").repeated(1 << 30), std::bad_alloc);
     EXPECT_THROW(buffer.insert(INT_MAX, "x"), std::bad_alloc);
     EXPECT_THROW(buffer.insert(INT_MAX, KDRBuffer("x")), std::bad_alloc);
     EXPECT_THROW(buffer.insert(INT_MAX, 1, 'x'), std::bad_alloc);
@@ -189,18 +322,9 @@ TEST(BufferSizes, BeyondAnIntThrowAndChangeNothing)
     EXPECT_EQ(bytesOf(buffer.leftJustified(INT_MIN)), "abc");
     EXPECT_EQ(bytesOf(buffer.rightJustified(INT_MIN)), "abc");
     EXPECT_EQ(bytesOf(buffer.insert(-1, "x")), "abc");
+    EXPECT_EQ(bytesOf(buffer.insert(-1, INT_MAX, 'x')), "abc");
+    EXPECT_EQ(bytesOf(buffer.insert(INT_MAX, -1, 'x')), "abc");
     EXPECT_EQ(bytesOf(buffer.insert(5, 'x')), "abc  x");
-}
-
-TEST(BufferMoves, LeaveTheSourceItsBytes)
-{
-    KDRBuffer source("some bytes");
-    KDRBuffer const made(std::move(source));
-    KDRBuffer assigned;
-    assigned = std::move(source);
-    EXPECT_EQ(bytesOf(source), "some bytes");
-    EXPECT_EQ(made.constData(), source.constData());
-    EXPECT_EQ(assigned.constData(), source.constData());
 }
 
 TEST(BufferRawData, RefersToTheCallersBytesUntilItIsChanged)
@@ -228,7 +352,21 @@ TEST(BufferRawData, SetRawDataAnswersTheBufferItself)
     EXPECT_EQ(&result, &buffer);
     EXPECT_EQ(buffer.constData(), bytes.data());
     EXPECT_EQ(bytesOf(sharer), "old");
-    EXPECT_TRUE(buffer.setRawData(nullptr, 4).isEmpty());
+}
+
+TEST(BufferRawData, SetRawDataWithoutBytesMakesTheBufferEmptyAndWithoutAPointerNull)
+{
+    for (char const* const start : {"", "owned"}) {
+        KDRBuffer owned(start);
+        KDRBuffer raw = KDRBuffer::fromRawData("raw", 3);
+        for (KDRBuffer* const buffer : {&owned, &raw}) {
+            buffer->setRawData("x", 0);
+            EXPECT_TRUE(buffer->isEmpty());
+            EXPECT_FALSE(buffer->isNull());
+            buffer->setRawData(nullptr, 4);
+            EXPECT_TRUE(buffer->isNull());
+        }
+    }
 }
 
 TEST(BufferRawData, ADetachedBufferOutlivesTheBytes)

@@ -26,24 +26,18 @@ struct CodePointQuestion
     long long (*qt)(unsigned int);
 };
 
+// The three kinds of rows: the operation of the one name, asked of both sides.
 #define QUESTION(name)                                                                             \
-    Question                                                                                       \
-    {                                                                                              \
-#name, [](KDRChar const& c) { return static_cast<int>(c.name()); },                        \
-            [](QChar c) { return static_cast<int>(c.name()); }       \
-    }
+    Question({#name, [](KDRChar const& c) { return static_cast<int>(c.name()); },                  \
+              [](QChar c) { return static_cast<int>(c.name()); }})
 #define MAPPING(name)                                                                              \
-    Question                                                                                       \
-    {                                                                                              \
-#name, [](KDRChar const& c) { return static_cast<int>(c.name().unicode()); },              \
-            [](QChar c) { return static_cast<int>(c.name().unicode()); }       \
-    }
+    Question({#name, [](KDRChar const& c) { return static_cast<int>(c.name().unicode()); },        \
+              [](QChar c) { return static_cast<int>(c.name().unicode()); }})
 #define CODE_POINT_QUESTION(name)                                                                  \
-    CodePointQuestion                                                                              \
-    {                                                                                              \
-#name, [](KDRChar const& c, unsigned int u) { return static_cast<long long>(c.name(u)); }, \
-            [](unsigned int u) { return static_cast<long long>(QChar::name(u)); }       \
-    }
+    CodePointQuestion(                                                                             \
+        {#name,                                                                                    \
+         [](KDRChar const& c, unsigned int u) { return static_cast<long long>(c.name(u)); },       \
+         [](unsigned int u) { return static_cast<long long>(QChar::name(u)); }})
 
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED // joining(), the witness for ours

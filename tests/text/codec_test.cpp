@@ -2,6 +2,7 @@
 
 #include "../support/localcodec.h"
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <QtCore/QTextCodec>
 
@@ -58,11 +59,6 @@ QTextCodec* defaultCodec()
 {
     QTextCodec::setCodecForLocale(nullptr);
     return QTextCodec::codecForLocale();
-}
-
-QByteArray bytesOf(KDRBuffer const& buffer)
-{
-    return QByteArray(buffer.constData(), buffer.size());
 }
 
 /// A codec that Qt finds by a name it would not know otherwise.

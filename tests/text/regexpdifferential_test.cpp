@@ -3,6 +3,7 @@
 #include <kdrdata/kdrinternal_p.h>
 
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <QtCore/QRegExp>
 #include <QtCore/QStringList>
@@ -158,13 +159,6 @@ QStringList texts()
             zero + zero,
             "line\nline",
             "aeiou xyz"};
-}
-
-KDRString handleOf(QString const& text)
-{
-    KDRString handle;
-    KDRInternal::wrapped(handle) = text;
-    return handle;
 }
 
 void expectSame(KDRString const& ours, QString const& qts)

@@ -66,6 +66,68 @@ TEST(StringLimits, ImpossibleWidthsThrow)
     }
 }
 
+TEST(StringLimits, WidthsThatManyMarkersMakeImpossibleThrow)
+{
+    struct
+    {
+        char const* text;
+        int width;
+    } const cases[] = {{"%1%1%1", 1431655766}, {"%1%1%1%1%1", 858993460}, {"%L1%1", 1 << 30}};
+    for (auto const& [text, width] : cases) {
+        KDRString const pattern(text);
+        EXPECT_THROW(pattern.arg(KDRString("x"), width), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(KDRString("x"), -width, KDRChar('_')), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(1, width), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(1U, width, 10, KDRChar('_')), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(2.5, width), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg('x', width), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(KDRChar('x'), width), std::bad_alloc) << text;
+        EXPECT_THROW(pattern.arg(KDRChar(), width), std::bad_alloc) << text;
+    }
+    KDRString const markers = marker.repeated(4100);
+    EXPECT_THROW(markers.arg(KDRString("x").repeated(1 << 20)), std::bad_alloc);
+    EXPECT_THROW(KDRString("%1%1").arg(2.5, 0, KDRString::KDRFormatFixed, INT_MAX / 2),
+                 std::bad_alloc);
+}
+
+TEST(StringLimits, OnlyTheMarkersThatAreReplacedCount)
+{
+    KDRString const pattern = KDRString("%2%% ").repeated(3000).insert(0, "%1");
+    KDRString const value = KDRString("x").repeated(1 << 20);
+    EXPECT_EQ(pattern.arg(value).size(), pattern.size() - 2 + (1 << 20));
+}
+
+TEST(StringLimits, ReplacingAllByTooMuchThrowsAndChangesNothing)
+{
+    KDRString const million = KDRString("x").repeated(1 << 20);
+    KDRString const original = KDRString("a").repeated(8192);
+    KDRString text(original);
+    EXPECT_THROW(text.replace(KDRString("a"), million), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRString("A"), million, KDRString::KDRCaseInsensitive),
+                 std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("a")), million), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("(a)")), million), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("x*")), million), std::bad_alloc);
+    EXPECT_EQ(text, original);
+    // Few occurrences are no reason to refuse.
+    text.insert(0, "b");
+    EXPECT_EQ(text.replace(KDRRegExp(KDRString("b")), million).size(), 8192 + (1 << 20));
+    text = KDRString("b");
+    EXPECT_EQ(text.replace(KDRRegExp(KDRString("(b)")), million).size(), 1 << 20);
+}
+
+TEST(StringLimits, NegativeSizesMeanUpToTheZero)
+{
+    unsigned short const units[] = {'a', 'b', 0, 'c'};
+    for (int const size : {-1, -2, -5, INT_MIN}) {
+        EXPECT_EQ(KDRString().fromUtf8("ab\0c", size), KDRString("ab")) << size;
+        EXPECT_EQ(KDRString().fromLatin1("ab\0c", size), KDRString("ab")) << size;
+        EXPECT_EQ(KDRString().fromLocal8Bit("ab\0c", size), KDRString("ab")) << size;
+        EXPECT_EQ(KDRString().fromUtf16(units, size), KDRString("ab")) << size;
+        EXPECT_EQ(KDRString(units, size), KDRString("ab")) << size;
+    }
+}
+
 TEST(StringAllocations, EveryDerivedTextCostsOneHolder)
 {
     KDRString const text(" Some Text ");

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 // KDRStringArray beside QStringList under random operations on a pool of lists that share storage.
 
@@ -24,13 +25,6 @@ struct Pair
     KDRStringArray ours;
     QStringList qts;
 };
-
-KDRString handleOf(QString const& text)
-{
-    KDRString handle;
-    KDRInternal::wrapped(handle) = text;
-    return handle;
-}
 
 void expectSameText(KDRString const& ours, QString const& qts)
 {

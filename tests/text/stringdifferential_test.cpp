@@ -4,6 +4,7 @@
 
 #include "../support/localcodec.h"
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <QtCore/QTextCodec>
 
@@ -60,13 +61,6 @@ std::vector<QByteArray> byteSequences(int count)
         result.push_back(bytes);
     }
     return result;
-}
-
-KDRString handleOf(QString const& text)
-{
-    KDRString handle;
-    KDRInternal::wrapped(handle) = text;
-    return handle;
 }
 
 KDRBuffer handleOf(QByteArray const& bytes)

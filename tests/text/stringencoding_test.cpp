@@ -2,15 +2,11 @@
 
 #include "../support/localcodec.h"
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-QByteArray bytesOf(KDRBuffer const& buffer)
-{
-    return QByteArray(buffer.constData(), buffer.size());
-}
 
 TEST(StringEncoding, DecodersReplaceTheTextAndReturnTheString)
 {
