@@ -4,6 +4,7 @@
 /// @file
 /// The whole library.
 
+#include <kdrdata/geometry3d/geometry3d.h>
 #include <kdrdata/kdrversion.h>
 #include <kdrdata/log/log.h>
 #include <kdrdata/scalars/scalars.h>

@@ -1,0 +1,73 @@
+#ifndef KDRDATA_KDRSHAPE3DARRAY_H
+#define KDRDATA_KDRSHAPE3DARRAY_H
+
+#include <kdrdata/geometry3d/kdrshape3d.h>
+#include <kdrdata/kdrdata_export.h>
+
+template <typename T>
+class QList;
+struct KDRInternal;
+
+/// A list of shapes in space over Qt's `QList`.
+///
+/// The handle owns one list. Copying and assigning an array shares the list's storage (Qt's
+/// implicit sharing, an atomic count); the first change on either side detaches, that is, copies
+/// the storage. Indexes are `int`, counted from 0.
+///
+/// Length and positions are real, but the elements carry nothing in this version: replace() and
+/// select() answer as in every array and change no value. Kept on purpose. Out of memory is
+/// std::bad_alloc.
+///
+/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
+/// read from several threads while nobody changes it, and operator[]() counts as a change.
+class KDRDATA_EXPORT KDRShape3DArray
+{
+public:
+    /// An empty array.
+    KDRShape3DArray();
+    /// Shares the storage of @p other.
+    KDRShape3DArray(KDRShape3DArray const& other);
+    /// Gives up this array's share of the storage.
+    ~KDRShape3DArray();
+
+    /// Shares the storage of @p other and gives up the old one. Returns this array.
+    KDRShape3DArray& operator=(KDRShape3DArray const& other);
+
+    /// The number of elements.
+    int length() const;
+
+    /// Appends a copy of @p value.
+    void push_back(KDRShape3D const& value);
+    /// Appends all elements of @p other in order; @p other may be this array itself.
+    void push_back(KDRShape3DArray const& other);
+
+    /// Inserts a copy of @p value before @p index. Answers true when 0 <= @p index < length();
+    /// otherwise answers false and changes nothing. The end position is refused, so an empty array
+    /// takes no element this way; append with push_back(). Kept on purpose.
+    bool insert(int index, KDRShape3D const& value);
+    /// Removes the element at @p index. Answers true when 0 <= @p index < length(); otherwise
+    /// answers false and changes nothing.
+    bool removeAt(int index);
+    /// Assigns @p value to the element at @p index, which carries nothing across. Answers true when
+    /// 0 <= @p index < length(); otherwise answers false and changes nothing.
+    bool replace(int index, KDRShape3D const& value);
+    /// Assigns the element at @p index to @p out, which must not be null; that carries nothing
+    /// across. Answers true when 0 <= @p index < length(); otherwise answers false and leaves
+    /// @p out untouched. Never detaches.
+    bool select(int index, KDRShape3D* out) const;
+    /// Exchanges the elements at @p i and @p j, which may be equal. Answers true when both lie in
+    /// the array; otherwise answers false and changes nothing.
+    bool swap(int i, int j);
+    /// Removes all elements.
+    void clear();
+
+    /// A copy of the element at @p index, which the caller guarantees to lie in the array (asserted
+    /// in debug builds). Detaches a shared list although the array is constant. Kept on purpose.
+    KDRShape3D operator[](int index) const;
+
+private:
+    friend struct KDRInternal;
+    QList<KDRShape3D>* d;
+};
+
+#endif
