@@ -72,6 +72,11 @@ VelPixels* VelPixels::create(unsigned char const* data, VelGeometry const& geome
     if (data) {
         auto const rowBytes = static_cast<std::size_t>(geometry.rowBytes());
         auto const rowStep = step == 0 ? rowBytes : static_cast<std::size_t>(step);
+        // One call for a block without gaps: for a large one memcpy then passes the cache by.
+        if (rowStep == rowBytes) {
+            std::memcpy(pixels->data, data, geometry.bytes());
+            return pixels;
+        }
         for (std::size_t row = 0; row < static_cast<std::size_t>(geometry.height); ++row)
             std::memcpy(pixels->data + row * rowBytes, data + row * rowStep, rowBytes);
     }

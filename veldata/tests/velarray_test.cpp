@@ -72,6 +72,45 @@ struct Traits<VelImageArray>
     static int number(Element const& element) { return element.Width(); }
 };
 
+template <>
+struct Traits<VelRegionArray>
+{
+    static constexpr char const* name = "VelRegionArray";
+    using Element = VelRegion;
+
+    /// One run of the number's length in pixels.
+    static Element make(int number)
+    {
+        VelVarArray row, first, last;
+        row.Append(VelVar(0L));
+        first.Append(VelVar(1L));
+        last.Append(VelVar(static_cast<long>(number)));
+        return VelRegion(row, first, last);
+    }
+
+    static int number(Element const& element)
+    {
+        VelVarArray row, first, last;
+        EXPECT_EQ(element.GetRegionRuns(&row, &first, &last), 1);
+        return static_cast<int>(last[0].L());
+    }
+};
+
+template <>
+struct Traits<VelMatrixArray>
+{
+    static constexpr char const* name = "VelMatrixArray";
+    using Element = VelMatrix;
+
+    /// As many columns as the number.
+    static Element make(int number)
+    {
+        return number == 0 ? VelMatrix() : VelMatrix(1, number, VEL_8U);
+    }
+
+    static int number(Element const& element) { return element.Cols(); }
+};
+
 template <class Array>
 class VelArray : public testing::Test
 {
@@ -98,7 +137,8 @@ public:
 };
 
 using Numbers = std::vector<int>;
-using Arrays = testing::Types<VelVarArray, VelPointArray, VelContourArray, VelImageArray>;
+using Arrays = testing::Types<VelVarArray, VelPointArray, VelContourArray, VelImageArray,
+                              VelRegionArray, VelMatrixArray>;
 
 struct ArrayName
 {

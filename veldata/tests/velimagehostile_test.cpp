@@ -17,6 +17,7 @@
 
 #include "console.h"
 #include "imagefiles.h"
+#include "sanitized.h"
 
 namespace {
 
@@ -174,14 +175,6 @@ Bytes pngClaiming(std::uint32_t width, std::uint32_t height)
         bytes.insert(bytes.end(), chunk.begin(), chunk.end());
     return bytes;
 }
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define VEL_SANITIZED
-#endif
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define VEL_SANITIZED
-#endif
 
 #ifndef VEL_SANITIZED
 

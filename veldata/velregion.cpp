@@ -1,0 +1,90 @@
+#include <veldata/velregion.h>
+
+#include <climits>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include <veldata/velruns_p.h>
+#include <veldata/velvararray.h>
+
+namespace {
+
+std::shared_ptr<VelRuns const> runsOf(VelVarArray const& rows, VelVarArray const& firstColumns,
+                                      VelVarArray const& lastColumns)
+{
+    int const length = rows.Length();
+    std::vector<VelRun> runs;
+    runs.reserve(static_cast<std::size_t>(length));
+    for (int i = 0; i < length; ++i)
+        runs.push_back({rows[i].L(), firstColumns[i].L(), lastColumns[i].L()});
+    return VelRuns::of(std::move(runs));
+}
+
+} // namespace
+
+VelRegion::VelRegion() noexcept : extentWidth(0), extentHeight(0) {}
+
+VelRegion::VelRegion(VelVarArray const& rows, VelVarArray const& firstColumns,
+                     VelVarArray const& lastColumns)
+    : VelRegion(0, 0, rows, firstColumns, lastColumns)
+{
+}
+
+VelRegion::VelRegion(int width, int height, VelVarArray const& rows,
+                     VelVarArray const& firstColumns, VelVarArray const& lastColumns)
+    : runs(runsOf(rows, firstColumns, lastColumns)),
+      extentWidth(width < 0 ? 0 : width),
+      extentHeight(width < 0 ? 0 : height)
+{
+}
+
+VelRegion::VelRegion(VelRegion const& other) noexcept = default;
+
+VelRegion::VelRegion(VelRegion&& other) noexcept
+    : runs(std::move(other.runs)),
+      extentWidth(std::exchange(other.extentWidth, 0)),
+      extentHeight(std::exchange(other.extentHeight, 0))
+{
+}
+
+VelRegion::~VelRegion() = default;
+
+VelRegion& VelRegion::operator=(VelRegion const& other) noexcept = default;
+
+VelRegion& VelRegion::operator=(VelRegion&& other) noexcept
+{
+    VelRegion taken(std::move(other));
+    std::swap(runs, taken.runs);
+    extentWidth = taken.extentWidth;
+    extentHeight = taken.extentHeight;
+    return *this;
+}
+
+int VelRegion::Width() const noexcept { return extentWidth; }
+
+int VelRegion::Height() const noexcept { return extentHeight; }
+
+int VelRegion::GetRegionRuns(VelVarArray* rows, VelVarArray* firstColumns,
+                             VelVarArray* lastColumns) const
+{
+    if (!rows || !firstColumns || !lastColumns)
+        return 0;
+    if (rows == firstColumns || rows == lastColumns || firstColumns == lastColumns)
+        return 0;
+    if (runs && runs->items.size() > static_cast<std::size_t>(INT_MAX))
+        return 0;
+
+    VelVarArray columns[3];
+    if (runs) {
+        for (VelRun const& run : runs->items) {
+            columns[0].Append(VelVar(run.row));
+            columns[1].Append(VelVar(run.first));
+            columns[2].Append(VelVar(run.last));
+        }
+    }
+    *rows = std::move(columns[0]);
+    *firstColumns = std::move(columns[1]);
+    *lastColumns = std::move(columns[2]);
+    return 1;
+}
