@@ -7,6 +7,10 @@
 /// so that code of one class reaches the wrapped object of another here and nowhere else.
 struct KDRInternal
 {
+    /// Specialised by tests alone, which look at what no operation shows.
+    template <class Class>
+    struct Access;
+
     /// The object that @p handle wraps; the handle must own one.
     template <class Handle>
     static auto& wrapped(Handle& handle) noexcept

@@ -17,6 +17,8 @@ struct KDRInternal;
 /// double const squarePixels = outline.area();
 /// @endcode
 ///
+/// Out of memory is std::bad_alloc.
+///
 /// Threads: a plain value; one contour may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRContour
 {

@@ -87,11 +87,12 @@ public:
     /// except that an image whose depth() after reading is 5 or 6 gives 0, failure, whatever the
     /// core library said; the image is then not cleared. Kept on purpose.
     int read(KDRString const& path);
-    /// Writes the image file @p path, as by save(path, 6).
+    /// Writes the image file @p path, as by save(path, 6). Not for constant images. Kept on
+    /// purpose.
     int save(KDRString const& path);
     /// Writes the image file @p path, a name in the local 8-bit encoding, through the core image's
     /// `SaveImage`, which takes the format from the extension and @p effort from 0 (fast) to 9
-    /// (small). Returns the core library's result.
+    /// (small). Returns the core library's result. Not for constant images. Kept on purpose.
     int save(KDRString const& path, int effort);
 
 private:

@@ -16,6 +16,8 @@ struct KDRInternal;
 /// same names. Copies copy the elements, which again share their pixels. Indexes are `int`, counted
 /// from 0.
 ///
+/// Out of memory is std::bad_alloc and leaves the array as it was.
+///
 /// Threads: a plain value; one array may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRImageArray
 {

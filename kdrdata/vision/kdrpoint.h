@@ -17,6 +17,8 @@ struct KDRInternal;
 /// centre.setXMaxVal(383.0);
 /// @endcode
 ///
+/// Out of memory is std::bad_alloc.
+///
 /// Threads: a plain value; one point may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRPoint
 {

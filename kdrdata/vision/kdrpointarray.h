@@ -14,6 +14,8 @@ struct KDRInternal;
 /// The handle owns one core-library array (`VelPointArray`) and forwards to its operations of the
 /// same names. Copies are deep. Indexes are `int`, counted from 0.
 ///
+/// Out of memory is std::bad_alloc and leaves the array as it was.
+///
 /// Threads: a plain value; one array may be read by several threads while none changes it.
 class KDRDATA_EXPORT KDRPointArray
 {

@@ -9,8 +9,12 @@
 #include <kdrdata/vision/kdrcontourarray.h>
 #include <kdrdata/vision/kdrimage.h>
 #include <kdrdata/vision/kdrimagearray.h>
+#include <kdrdata/vision/kdrmatrix.h>
+#include <kdrdata/vision/kdrmatrixarray.h>
 #include <kdrdata/vision/kdrpoint.h>
 #include <kdrdata/vision/kdrpointarray.h>
 #include <kdrdata/vision/kdrpointprivate.h>
+#include <kdrdata/vision/kdrregion.h>
+#include <kdrdata/vision/kdrregionarray.h>
 
 #endif

@@ -1,10 +1,14 @@
+#include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/vision/kdrcontourarray.h>
 #include <kdrdata/vision/kdrimagearray.h>
+#include <kdrdata/vision/kdrmatrixarray.h>
 #include <kdrdata/vision/kdrpointarray.h>
+#include <kdrdata/vision/kdrregionarray.h>
 
 #include <gtest/gtest.h>
 
 #include "../contract/arraysuite.h"
+#include "regions.h"
 
 namespace {
 
@@ -62,7 +66,42 @@ struct ImageArrayTraits
     }
 };
 
-using CoreArrays = testing::Types<PointArrayTraits, ContourArrayTraits, ImageArrayTraits>;
+struct RegionArrayTraits
+{
+    using Array = KDRRegionArray;
+    using Element = KDRRegion;
+    static constexpr bool insertsAtEnd = false;
+    static KDRRegion make(int number) { return regionOf({{number, -number, 2}}); }
+    static int read(KDRRegion const& region)
+    {
+        Runs const runs = runsOf(region);
+        EXPECT_EQ(runs.size(), 1U);
+        return static_cast<int>(runs.front()[0]);
+    }
+};
+
+struct MatrixArrayTraits
+{
+    using Array = KDRMatrixArray;
+    using Element = KDRMatrix;
+    static constexpr bool insertsAtEnd = false;
+    static KDRMatrix make(int number)
+    {
+        KDRMatrix matrix(1, 2, KDRMatrix::MatrixTypeInt32);
+        KDRNumber element(number);
+        matrix.replace(0, 1, element);
+        return matrix;
+    }
+    static int read(KDRMatrix const& matrix)
+    {
+        KDRNumber number;
+        EXPECT_TRUE(matrix.select(0, 1, &number));
+        return number.toInt();
+    }
+};
+
+using CoreArrays = testing::Types<PointArrayTraits, ContourArrayTraits, ImageArrayTraits,
+                                  RegionArrayTraits, MatrixArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(CoreArrays, ArrayContract, CoreArrays, );
 
 TEST(PointArray, KeepsNoRanges)
