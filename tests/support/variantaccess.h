@@ -1,13 +1,14 @@
 #ifndef KDRDATA_TESTS_VARIANTACCESS_H
 #define KDRDATA_TESTS_VARIANTACCESS_H
 
+#include <kdrdata/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariant.h>
 #include <kdrdata/variant/kdrvariantlock.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
-/// What the tests see of a variant's inside: its lock, its store and the store's fields. Takes the
-/// place of the library's own accessor, so a file includes this one or that one.
-struct KDRInternal
+/// What the tests see of a variant's inside: its lock, its store and the store's fields.
+template <>
+struct KDRInternal::Access<KDRVariant>
 {
     static KDRVariantLock& lock(KDRVariant const& variant) { return *variant.d; }
     static KDRVariantPrivate& store(KDRVariantLock const& lock) { return *lock.d; }
@@ -16,5 +17,7 @@ struct KDRInternal
     static void*& payload(KDRVariantPrivate& store) { return store.m_payload; }
     static bool& disposed(KDRVariantPrivate& store) { return store.m_disposed; }
 };
+
+using VariantAccess = KDRInternal::Access<KDRVariant>;
 
 #endif
