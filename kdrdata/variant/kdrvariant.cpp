@@ -110,7 +110,12 @@ KDRVariant& KDRVariant::operator=(KDRVariant const& other)
 KDRVariant KDRVariant::clone() const
 {
     KDRVariant copy;
-    storeOf(copy.d) = storeOf(d);
+    KDRVariantPrivate& store = storeOf(copy.d);
+    store = storeOf(d);
+    // Assignment carries more than a copy does: a clone is made by the one and carries what the
+    // other does.
+    if (isLostByConstruction(store.variantType()))
+        store.clear();
     return copy;
 }
 
@@ -172,13 +177,30 @@ bool KDRVariant::toFloat(float* out) const { return storeOf(d).toFloat(out); }
 bool KDRVariant::toDouble(double* out) const { return storeOf(d).toDouble(out); }
 bool KDRVariant::toBool(bool* out) const { return storeOf(d).toBool(out); }
 
-#define KDR_DEFINE_ROW(Kind, Payload, Name, PointerKind)                                           \
-    KDRVariant::KDRVariant(Payload const& value) : d(new KDRVariantLock(value)) {}                 \
-    void KDRVariant::from##Name(Payload const& value)                                              \
+#define KDR_CONSTRUCTOR_Made(Payload)                                                              \
+    KDRVariant::KDRVariant(Payload const& value) : d(new KDRVariantLock(value)) {}
+#define KDR_CONSTRUCTOR_NotMade(Payload)
+
+#define KDR_READER_Const(Payload, Name)                                                            \
+    bool KDRVariant::to##Name(Payload* out) const { return storeOf(d).to##Name(out); }
+#define KDR_READER_OfContour(Payload, Name) KDR_READER_Const(Payload, Name)
+#define KDR_READER_NonConst(Payload, Name)                                                         \
+    bool KDRVariant::to##Name(Payload* out) { return storeOf(d).to##Name(out); }
+
+#define KDR_POINTER_READER_Handed(Payload, Name)                                                   \
+    bool KDRVariant::to##Name##Ptr(Payload*& out) { return storeOf(d).to##Name##Ptr(out); }
+#define KDR_POINTER_READER_HandsNumber(Payload, Name) KDR_POINTER_READER_Handed(Payload, Name)
+#define KDR_POINTER_READER_HandsContour(Payload, Name) KDR_POINTER_READER_Handed(Payload, Name)
+#define KDR_POINTER_READER_Tests(Payload, Name)                                                    \
+    bool KDRVariant::to##Name##Ptr(Payload* out) { return storeOf(d).to##Name##Ptr(out); }
+#define KDR_POINTER_READER_StoreOnly(Payload, Name)
+#define KDR_POINTER_READER_None(Payload, Name)
+
+#define KDR_DEFINE_ROW(Kind, Payload, Name, Constructor, Reader, PointerReader, Copying)           \
+    KDR_CONSTRUCTOR_##Constructor(Payload) void KDRVariant::from##Name(Payload const& value)       \
     {                                                                                              \
         write(d, [&value](KDRVariantPrivate& store) { store.from##Name(value); });                 \
     }                                                                                              \
-    bool KDRVariant::to##Name(Payload* out) const { return storeOf(d).to##Name(out); }             \
-    bool KDRVariant::to##Name##Ptr(Payload*& out) { return storeOf(d).to##Name##Ptr(out); }
+    KDR_READER_##Reader(Payload, Name) KDR_POINTER_READER_##PointerReader(Payload, Name)
 KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW

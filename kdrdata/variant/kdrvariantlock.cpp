@@ -18,7 +18,10 @@ KDR_DEFINE_CONSTRUCTOR(double)
 KDR_DEFINE_CONSTRUCTOR(char const*)
 KDR_DEFINE_CONSTRUCTOR(bool)
 
-#define KDR_DEFINE_ROW(Kind, Payload, Name, PointerKind) KDR_DEFINE_CONSTRUCTOR(Payload const&)
+#define KDR_CONSTRUCTOR_Made(Payload) KDR_DEFINE_CONSTRUCTOR(Payload const&)
+#define KDR_CONSTRUCTOR_NotMade(Payload)
+#define KDR_DEFINE_ROW(Kind, Payload, Name, Constructor, Reader, PointerReader, Copying)           \
+    KDR_CONSTRUCTOR_##Constructor(Payload)
 KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW
 #undef KDR_DEFINE_CONSTRUCTOR

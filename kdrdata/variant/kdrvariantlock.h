@@ -5,19 +5,46 @@
 
 #include <kdrdata/kdrdata_export.h>
 
+class KDRBoolArray;
 class KDRBuffer;
 class KDRBufferArray;
 class KDRChar;
 class KDRContour;
+class KDRContour3D;
+class KDRContour3DArray;
 class KDRContourArray;
+class KDRDualQuaternion;
 class KDRImage;
 class KDRImageArray;
+class KDRMatrix;
+class KDRMatrix3;
+class KDRMatrix4;
+class KDRMatrixArray;
 class KDRNumber;
 class KDRNumberArray;
+class KDRPlane3D;
+class KDRPlane3DArray;
 class KDRPoint;
+class KDRPoint3D;
+class KDRPoint3DArray;
 class KDRPointArray;
+class KDRPointCloud;
+class KDRPointCloudArray;
+class KDRPose2D;
+class KDRPose3D;
+class KDRQuaternion;
+class KDRROIAlignment;
+class KDRRangeImage;
+class KDRRangeImageArray;
+class KDRShape;
+class KDRShape3D;
+class KDRShape3DArray;
+class KDRShapeArray;
 class KDRString;
 class KDRStringArray;
+class KDRVariantArray;
+class KDRVector3d;
+class KDRVector3dArray;
 class KDRVariantPrivate;
 struct KDRInternal;
 
@@ -54,16 +81,40 @@ public:
     KDRVariantLock(KDRNumber const& value);
     /// A lock with a store of kind 2.
     KDRVariantLock(KDRString const& value);
-    /// A lock with a store of kind 12.
-    KDRVariantLock(KDRChar const& value);
     /// A lock with a store of kind 3.
     KDRVariantLock(KDRPoint const& value);
     /// A lock with a store of kind 4.
     KDRVariantLock(KDRImage const& value);
+    /// A lock with a store of kind 5.
+    KDRVariantLock(KDRShape const& value);
+    /// A lock with a store of kind 6.
+    KDRVariantLock(KDRPointCloud const& value);
     /// A lock with a store of kind 7.
     KDRVariantLock(KDRContour const& value);
+    /// A lock with a store of kind 8.
+    KDRVariantLock(KDRROIAlignment const& value);
+    /// A lock with a store of kind 9.
+    KDRVariantLock(KDRPose2D const& value);
+    /// A lock with a store of kind 10.
+    KDRVariantLock(KDRMatrix const& value);
     /// A lock with a store of kind 11.
     KDRVariantLock(KDRBuffer const& value);
+    /// A lock with a store of kind 12.
+    KDRVariantLock(KDRChar const& value);
+    /// A lock with a store of kind 500.
+    KDRVariantLock(KDRPoint3D const& value);
+    /// A lock with a store of kind 501.
+    KDRVariantLock(KDRVector3d const& value);
+    /// A lock with a store of kind 502.
+    KDRVariantLock(KDRShape3D const& value);
+    /// A lock with a store of kind 503.
+    KDRVariantLock(KDRPose3D const& value);
+    /// A lock with a store of kind 504.
+    KDRVariantLock(KDRRangeImage const& value);
+    /// A lock with a store of kind 505.
+    KDRVariantLock(KDRContour3D const& value);
+    /// A lock with a store of kind 1000.
+    KDRVariantLock(KDRBoolArray const& value);
     /// A lock with a store of kind 1001.
     KDRVariantLock(KDRNumberArray const& value);
     /// A lock with a store of kind 1002.
@@ -72,10 +123,32 @@ public:
     KDRVariantLock(KDRPointArray const& value);
     /// A lock with a store of kind 1004.
     KDRVariantLock(KDRImageArray const& value);
+    /// A lock with a store of kind 1005.
+    KDRVariantLock(KDRRangeImageArray const& value);
+    /// A lock with a store of kind 1006.
+    KDRVariantLock(KDRShapeArray const& value);
+    /// A lock with a store of kind 1007.
+    KDRVariantLock(KDRPointCloudArray const& value);
     /// A lock with a store of kind 1008.
     KDRVariantLock(KDRContourArray const& value);
+    /// A lock with a store of kind 1009.
+    KDRVariantLock(KDRMatrixArray const& value);
     /// A lock with a store of kind 1010.
     KDRVariantLock(KDRBufferArray const& value);
+    /// A lock with a store of kind 1500.
+    KDRVariantLock(KDRPoint3DArray const& value);
+    /// A lock with a store of kind 1501.
+    KDRVariantLock(KDRShape3DArray const& value);
+    /// A lock with a store of kind 1502.
+    KDRVariantLock(KDRVector3dArray const& value);
+    /// A lock with a store of kind 1503.
+    KDRVariantLock(KDRContour3DArray const& value);
+    /// A lock with a store of kind 1800.
+    KDRVariantLock(KDRVariantArray const& value);
+    /// A lock with a store of kind 1801.
+    KDRVariantLock(KDRPlane3D const& value);
+    /// A lock with a store of kind 1802.
+    KDRVariantLock(KDRPlane3DArray const& value);
     /// Gives up the lock's count of the store, which frees the store if it was the last.
     ~KDRVariantLock();
 

@@ -1,5 +1,6 @@
 #include <kdrdata/variant/kdrvariantprivate.h>
 
+#include <kdrdata/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 
 #include <algorithm>
@@ -13,10 +14,38 @@ namespace {
 struct KindOperations
 {
     KDRVariantKind kind;
+    KDRPayloadCopying copying;
     // A new payload object with the value of the given one.
     void* (*copy)(void const* payload);
     void (*destroy)(void* payload);
 };
+
+template <class Payload>
+void assignPayload(Payload& to, Payload const& from)
+{
+    to = from;
+}
+
+// Neither the copy constructor nor the assignment of this class copies anything, and its one field
+// travels all the same.
+void assignPayload(KDRDualQuaternion& to, KDRDualQuaternion const& from)
+{
+    KDRInternal::pointer(to) = KDRInternal::pointer(from);
+}
+
+// What a constructor or a writer of the store makes of its argument.
+template <class Payload>
+Payload* newPayload(Payload const& value)
+{
+    return new Payload(value);
+}
+
+KDRDualQuaternion* newPayload(KDRDualQuaternion const& value)
+{
+    auto payload = std::make_unique<KDRDualQuaternion>();
+    assignPayload(*payload, value);
+    return payload.release();
+}
 
 // Default construction and assignment rather than copy construction: assignment carries what some
 // copy constructors leave behind, a number's range among it.
@@ -24,7 +53,7 @@ template <class Payload>
 void* copyPayload(void const* payload)
 {
     auto copy = std::make_unique<Payload>();
-    *copy = *static_cast<Payload const*>(payload);
+    assignPayload(*copy, *static_cast<Payload const*>(payload));
     return copy.release();
 }
 
@@ -35,13 +64,14 @@ void destroyPayload(void* payload)
 }
 
 template <class Payload>
-constexpr KindOperations operationsOf(KDRVariantKind kind)
+constexpr KindOperations operationsOf(KDRVariantKind kind, KDRPayloadCopying copying)
 {
-    return {kind, &copyPayload<Payload>, &destroyPayload<Payload>};
+    return {kind, copying, &copyPayload<Payload>, &destroyPayload<Payload>};
 }
 
-#define KDR_OPERATIONS_ROW(Kind, Payload, Name, PointerKind) operationsOf<Payload>(Kind),
-constexpr KindOperations kindOperations[] = {operationsOf<bool>(KindBool),
+#define KDR_OPERATIONS_ROW(Kind, Payload, Name, Constructor, Reader, PointerReader, Copying)       \
+    operationsOf<Payload>(Kind, KDRPayloadCopying::Copying),
+constexpr KindOperations kindOperations[] = {operationsOf<bool>(KindBool, KDRPayloadCopying::Kept),
                                              KDR_VARIANT_KINDS(KDR_OPERATIONS_ROW)};
 #undef KDR_OPERATIONS_ROW
 
@@ -67,10 +97,11 @@ KindOperations const* findOperations(KDRVariantKind kind)
     return found != last && found->kind == kind ? found : nullptr;
 }
 
-void* copyOf(KDRVariantKind kind, void const* payload)
+// A copy of the payload, or null for kinds that lose it more often than is tolerated.
+void* copyOf(KDRVariantKind kind, void const* payload, KDRPayloadCopying tolerated)
 {
     KindOperations const* const operations = payload ? findOperations(kind) : nullptr;
-    return operations ? operations->copy(payload) : nullptr;
+    return operations && operations->copying <= tolerated ? operations->copy(payload) : nullptr;
 }
 
 template <class Payload>
@@ -78,7 +109,7 @@ bool readInto(Payload* out, void const* payload)
 {
     if (!payload || !out)
         return false;
-    *out = *static_cast<Payload const*>(payload);
+    assignPayload(*out, *static_cast<Payload const*>(payload));
     return true;
 }
 
@@ -92,6 +123,12 @@ bool readNumber(Scalar* out, KDRNumber const* number, Scalar (KDRNumber::*readin
 }
 
 } // namespace
+
+bool isLostByConstruction(KDRVariantKind kind)
+{
+    KindOperations const* const operations = findOperations(kind);
+    return !operations || operations->copying != KDRPayloadCopying::Kept;
+}
 
 KDRVariantPrivate::KDRVariantPrivate(KDRVariantKind kind, void* payload) noexcept
     : m_refs(1), m_kind(kind), m_payload(payload), m_mutex(QMutex::NonRecursive), m_disposed(false)
@@ -126,7 +163,8 @@ KDRVariantPrivate::KDRVariantPrivate(char const* text)
 KDRVariantPrivate::KDRVariantPrivate(bool value) : KDRVariantPrivate(KindBool, new bool(value)) {}
 
 KDRVariantPrivate::KDRVariantPrivate(KDRVariantPrivate const& other)
-    : KDRVariantPrivate(other.m_kind, copyOf(other.m_kind, other.m_payload))
+    : KDRVariantPrivate(other.m_kind,
+                        copyOf(other.m_kind, other.m_payload, KDRPayloadCopying::Kept))
 {
 }
 
@@ -138,7 +176,7 @@ KDRVariantPrivate& KDRVariantPrivate::operator=(KDRVariantPrivate const& other)
     clear();
     m_kind = other.m_kind;
     m_disposed = other.m_disposed;
-    m_payload = copyOf(m_kind, other.m_payload);
+    m_payload = copyOf(m_kind, other.m_payload, KDRPayloadCopying::LostByConstruction);
     return *this;
 }
 
@@ -200,26 +238,46 @@ bool KDRVariantPrivate::toDouble(double* out) const
 }
 bool KDRVariantPrivate::toBool(bool* out) const { return readInto(out, payloadOf(KindBool)); }
 
-#define KDR_DEFINE_ROW(Kind, Payload, Name, PointerKind)                                           \
+#define KDR_CONSTRUCTOR_Made(Kind, Payload)                                                        \
     KDRVariantPrivate::KDRVariantPrivate(Payload const& value)                                     \
-        : KDRVariantPrivate(Kind, new Payload(value))                                              \
+        : KDRVariantPrivate(Kind, newPayload(value))                                               \
     {                                                                                              \
-    }                                                                                              \
-    void KDRVariantPrivate::from##Name(Payload const& value)                                       \
-    {                                                                                              \
-        install(Kind, new Payload(value));                                                         \
-    }                                                                                              \
-    bool KDRVariantPrivate::to##Name(Payload* out) const                                           \
-    {                                                                                              \
-        return readInto(out, payloadOf(Kind));                                                     \
-    }                                                                                              \
+    }
+#define KDR_CONSTRUCTOR_NotMade(Kind, Payload)
+
+#define KDR_READER_Const(Kind, Payload, Name)                                                      \
+    bool KDRVariantPrivate::to##Name(Payload* out) const { return readInto(out, payloadOf(Kind)); }
+#define KDR_READER_NonConst(Kind, Payload, Name)                                                   \
+    bool KDRVariantPrivate::to##Name(Payload* out) { return readInto(out, payloadOf(Kind)); }
+// The output's assignment would do nothing, and the payload is not of its class.
+#define KDR_READER_OfContour(Kind, Payload, Name)                                                  \
+    bool KDRVariantPrivate::to##Name(Payload* out) const { return out && payloadOf(KindContour); }
+
+#define KDR_HAND_OUT(Tested, Payload, Name)                                                        \
     bool KDRVariantPrivate::to##Name##Ptr(Payload*& out)                                           \
     {                                                                                              \
-        if (m_kind != (PointerKind))                                                               \
+        if (m_kind != (Tested))                                                                    \
             return false;                                                                          \
         out = static_cast<Payload*>(m_payload);                                                    \
         return true;                                                                               \
     }
+#define KDR_POINTER_READER_Handed(Kind, Payload, Name) KDR_HAND_OUT(Kind, Payload, Name)
+#define KDR_POINTER_READER_StoreOnly(Kind, Payload, Name) KDR_HAND_OUT(Kind, Payload, Name)
+// An address under another class's name, for callers that only compare it.
+#define KDR_POINTER_READER_HandsNumber(Kind, Payload, Name) KDR_HAND_OUT(KindNumber, Payload, Name)
+#define KDR_POINTER_READER_HandsContour(Kind, Payload, Name)                                       \
+    KDR_HAND_OUT(KindContour, Payload, Name)
+#define KDR_POINTER_READER_Tests(Kind, Payload, Name)                                              \
+    bool KDRVariantPrivate::to##Name##Ptr(Payload*) { return m_kind == (Kind); }
+#define KDR_POINTER_READER_None(Kind, Payload, Name)
+
+#define KDR_DEFINE_ROW(Kind, Payload, Name, Constructor, Reader, PointerReader, Copying)           \
+    KDR_CONSTRUCTOR_##Constructor(Kind, Payload) void KDRVariantPrivate::from##Name(               \
+        Payload const& value)                                                                      \
+    {                                                                                              \
+        install(Kind, newPayload(value));                                                          \
+    }                                                                                              \
+    KDR_READER_##Reader(Kind, Payload, Name) KDR_POINTER_READER_##PointerReader(Kind, Payload, Name)
 KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW
 

@@ -8,19 +8,46 @@
 #include <kdrdata/kdrdata_export.h>
 #include <kdrdata/variant/kdrvariantkind.h>
 
+class KDRBoolArray;
 class KDRBuffer;
 class KDRBufferArray;
 class KDRChar;
 class KDRContour;
+class KDRContour3D;
+class KDRContour3DArray;
 class KDRContourArray;
+class KDRDualQuaternion;
 class KDRImage;
 class KDRImageArray;
+class KDRMatrix;
+class KDRMatrix3;
+class KDRMatrix4;
+class KDRMatrixArray;
 class KDRNumber;
 class KDRNumberArray;
+class KDRPlane3D;
+class KDRPlane3DArray;
 class KDRPoint;
+class KDRPoint3D;
+class KDRPoint3DArray;
 class KDRPointArray;
+class KDRPointCloud;
+class KDRPointCloudArray;
+class KDRPose2D;
+class KDRPose3D;
+class KDRQuaternion;
+class KDRROIAlignment;
+class KDRRangeImage;
+class KDRRangeImageArray;
+class KDRShape;
+class KDRShape3D;
+class KDRShape3DArray;
+class KDRShapeArray;
 class KDRString;
 class KDRStringArray;
+class KDRVariantArray;
+class KDRVector3d;
+class KDRVector3dArray;
 struct KDRInternal;
 
 /// The reference-counted store behind every KDRVariant: one payload of one kind.
@@ -66,20 +93,44 @@ public:
     /// A store of kind 0 holding the flag @p value.
     KDRVariantPrivate(bool value);
     /// A store of kind 1 holding a copy of @p value, made by copy construction and so without the
-    /// range.
+    /// number's range.
     KDRVariantPrivate(KDRNumber const& value);
     /// A store of kind 2 holding a copy of @p value that shares its text.
     KDRVariantPrivate(KDRString const& value);
-    /// A store of kind 12 holding a copy of @p value.
-    KDRVariantPrivate(KDRChar const& value);
-    /// A store of kind 3 holding a copy of @p value.
+    /// A store of kind 3 holding a copy of @p value, ranges included.
     KDRVariantPrivate(KDRPoint const& value);
     /// A store of kind 4 holding a copy of @p value that shares its pixels.
     KDRVariantPrivate(KDRImage const& value);
+    /// A store of kind 5 holding a copy of @p value that shares its record.
+    KDRVariantPrivate(KDRShape const& value);
+    /// A store of kind 6 holding a copy of @p value.
+    KDRVariantPrivate(KDRPointCloud const& value);
     /// A store of kind 7 holding a copy of @p value.
     KDRVariantPrivate(KDRContour const& value);
+    /// A store of kind 8 holding a copy of @p value.
+    KDRVariantPrivate(KDRROIAlignment const& value);
+    /// A store of kind 9 holding a copy of @p value.
+    KDRVariantPrivate(KDRPose2D const& value);
+    /// A store of kind 10 holding a copy of @p value.
+    KDRVariantPrivate(KDRMatrix const& value);
     /// A store of kind 11 holding a copy of @p value that shares its bytes.
     KDRVariantPrivate(KDRBuffer const& value);
+    /// A store of kind 12 holding a copy of @p value.
+    KDRVariantPrivate(KDRChar const& value);
+    /// A store of kind 500 holding a copy of @p value.
+    KDRVariantPrivate(KDRPoint3D const& value);
+    /// A store of kind 501 holding a copy of @p value.
+    KDRVariantPrivate(KDRVector3d const& value);
+    /// A store of kind 502 holding a copy of @p value.
+    KDRVariantPrivate(KDRShape3D const& value);
+    /// A store of kind 503 holding a copy of @p value.
+    KDRVariantPrivate(KDRPose3D const& value);
+    /// A store of kind 504 holding a copy of @p value.
+    KDRVariantPrivate(KDRRangeImage const& value);
+    /// A store of kind 505 holding a copy of @p value.
+    KDRVariantPrivate(KDRContour3D const& value);
+    /// A store of kind 1000 holding a copy of @p value that shares its list.
+    KDRVariantPrivate(KDRBoolArray const& value);
     /// A store of kind 1001 holding a copy of @p value that shares its list.
     KDRVariantPrivate(KDRNumberArray const& value);
     /// A store of kind 1002 holding a copy of @p value that shares its list.
@@ -88,10 +139,33 @@ public:
     KDRVariantPrivate(KDRPointArray const& value);
     /// A store of kind 1004 holding a copy of @p value whose images share their pixels.
     KDRVariantPrivate(KDRImageArray const& value);
+    /// A store of kind 1005 holding a copy of @p value.
+    KDRVariantPrivate(KDRRangeImageArray const& value);
+    /// A store of kind 1006 holding a copy of @p value that shares its list.
+    KDRVariantPrivate(KDRShapeArray const& value);
+    /// A store of kind 1007 holding a copy of @p value.
+    KDRVariantPrivate(KDRPointCloudArray const& value);
     /// A store of kind 1008 holding a copy of @p value.
     KDRVariantPrivate(KDRContourArray const& value);
+    /// A store of kind 1009 holding a copy of @p value.
+    KDRVariantPrivate(KDRMatrixArray const& value);
     /// A store of kind 1010 holding a copy of @p value that shares its list.
     KDRVariantPrivate(KDRBufferArray const& value);
+    /// A store of kind 1500 holding a copy of @p value.
+    KDRVariantPrivate(KDRPoint3DArray const& value);
+    /// A store of kind 1501 holding a copy of @p value that shares its list.
+    KDRVariantPrivate(KDRShape3DArray const& value);
+    /// A store of kind 1502 holding a copy of @p value.
+    KDRVariantPrivate(KDRVector3dArray const& value);
+    /// A store of kind 1503 holding a copy of @p value.
+    KDRVariantPrivate(KDRContour3DArray const& value);
+    /// A store of kind 1800 holding a copy of @p value that shares its list, and the elements their
+    /// stores.
+    KDRVariantPrivate(KDRVariantArray const& value);
+    /// A store of kind 1801 holding a copy of @p value.
+    KDRVariantPrivate(KDRPlane3D const& value);
+    /// A store of kind 1802 holding a copy of @p value.
+    KDRVariantPrivate(KDRPlane3DArray const& value);
 
     /// A store of its own, count 1, with a deep copy of the payload of @p other: a payload object
     /// is made by default and assigned to, so that a number keeps its range. A null payload gives a
@@ -126,20 +200,59 @@ public:
     void fromDouble(double value);
     /// Makes this a store of kind 0 holding @p value.
     void fromBool(bool value);
-    /// Makes this a store of kind 1 holding a copy of @p value without its range.
+    /// Makes this a store of kind 1 holding a copy of @p value, made by copy construction and so
+    /// without the number's range.
     void fromNumber(KDRNumber const& value);
     /// Makes this a store of kind 2 holding a copy of @p value that shares its text.
     void fromString(KDRString const& value);
-    /// Makes this a store of kind 12 holding a copy of @p value.
-    void fromChar(KDRChar const& value);
-    /// Makes this a store of kind 3 holding a copy of @p value.
+    /// Makes this a store of kind 3 holding a copy of @p value, ranges included.
     void fromPoint(KDRPoint const& value);
     /// Makes this a store of kind 4 holding a copy of @p value that shares its pixels.
     void fromImage(KDRImage const& value);
+    /// Makes this a store of kind 5 holding a copy of @p value that shares its record.
+    void fromShape(KDRShape const& value);
+    /// Makes this a store of kind 6 holding a copy of @p value. A copy of the store keeps the kind
+    /// and loses the payload; an assignment carries both. Kept on purpose.
+    void fromPointCloud(KDRPointCloud const& value);
     /// Makes this a store of kind 7 holding a copy of @p value.
     void fromContour(KDRContour const& value);
+    /// Makes this a store of kind 8 holding a copy of @p value.
+    void fromROIAlignment(KDRROIAlignment const& value);
+    /// Makes this a store of kind 9 holding a copy of @p value.
+    void from2DPose(KDRPose2D const& value);
+    /// Makes this a store of kind 10 holding a copy of @p value.
+    void fromMatrix(KDRMatrix const& value);
     /// Makes this a store of kind 11 holding a copy of @p value that shares its bytes.
     void fromBuffer(KDRBuffer const& value);
+    /// Makes this a store of kind 12 holding a copy of @p value.
+    void fromChar(KDRChar const& value);
+    /// Makes this a store of kind 500 holding a copy of @p value.
+    void from3DPoint(KDRPoint3D const& value);
+    /// Makes this a store of kind 501 holding a copy of @p value.
+    void fromVector3d(KDRVector3d const& value);
+    /// Makes this a store of kind 502 holding a copy of @p value.
+    void from3DShape(KDRShape3D const& value);
+    /// Makes this a store of kind 503 holding a copy of @p value.
+    void from3DPose(KDRPose3D const& value);
+    /// Makes this a store of kind 504 holding a copy of @p value.
+    void fromRangeImage(KDRRangeImage const& value);
+    /// Makes this a store of kind 505 holding a copy of @p value. Copies of the store and
+    /// assignments keep the kind and lose the payload. Kept on purpose.
+    void from3DContour(KDRContour3D const& value);
+    /// Makes this a store of kind 506 holding a copy of @p value. No constructor takes one. Kept on
+    /// purpose.
+    void fromMatrix3(KDRMatrix3 const& value);
+    /// Makes this a store of kind 507 holding a copy of @p value. No constructor takes one. Kept on
+    /// purpose.
+    void fromMatrix4(KDRMatrix4 const& value);
+    /// Makes this a store of kind 508 holding a copy of @p value. No constructor takes one. Kept on
+    /// purpose.
+    void fromQuaternion(KDRQuaternion const& value);
+    /// Makes this a store of kind 509 holding a copy of @p value. Its one field is copied directly,
+    /// since its assignment does nothing. No constructor takes one. Kept on purpose.
+    void fromDualQuaternion(KDRDualQuaternion const& value);
+    /// Makes this a store of kind 1000 holding a copy of @p value that shares its list.
+    void fromBoolArray(KDRBoolArray const& value);
     /// Makes this a store of kind 1001 holding a copy of @p value that shares its list.
     void fromNumberArray(KDRNumberArray const& value);
     /// Makes this a store of kind 1002 holding a copy of @p value that shares its list.
@@ -148,10 +261,35 @@ public:
     void fromPointArray(KDRPointArray const& value);
     /// Makes this a store of kind 1004 holding a copy of @p value whose images share their pixels.
     void fromImageArray(KDRImageArray const& value);
+    /// Makes this a store of kind 1005 holding a copy of @p value.
+    void fromRangeImageArray(KDRRangeImageArray const& value);
+    /// Makes this a store of kind 1006 holding a copy of @p value that shares its list.
+    void fromShapeArray(KDRShapeArray const& value);
+    /// Makes this a store of kind 1007 holding a copy of @p value. A copy of the store keeps the
+    /// kind and loses the payload; an assignment carries both. Kept on purpose.
+    void fromPointCloudArray(KDRPointCloudArray const& value);
     /// Makes this a store of kind 1008 holding a copy of @p value.
     void fromContourArray(KDRContourArray const& value);
+    /// Makes this a store of kind 1009 holding a copy of @p value.
+    void fromMatrixArray(KDRMatrixArray const& value);
     /// Makes this a store of kind 1010 holding a copy of @p value that shares its list.
     void fromBufferArray(KDRBufferArray const& value);
+    /// Makes this a store of kind 1500 holding a copy of @p value.
+    void from3DPointArray(KDRPoint3DArray const& value);
+    /// Makes this a store of kind 1501 holding a copy of @p value that shares its list.
+    void from3DShapeArray(KDRShape3DArray const& value);
+    /// Makes this a store of kind 1502 holding a copy of @p value.
+    void fromVector3dArray(KDRVector3dArray const& value);
+    /// Makes this a store of kind 1503 holding a copy of @p value. Copies of the store and
+    /// assignments keep the kind and lose the payload. Kept on purpose.
+    void from3DContourArray(KDRContour3DArray const& value);
+    /// Makes this a store of kind 1800 holding a copy of @p value that shares its list, and the
+    /// elements their stores.
+    void fromVariantArray(KDRVariantArray const& value);
+    /// Makes this a store of kind 1801 holding a copy of @p value.
+    void from3DPlane(KDRPlane3D const& value);
+    /// Makes this a store of kind 1802 holding a copy of @p value.
+    void from3DPlaneArray(KDRPlane3DArray const& value);
 
     /// Reads kind 1 as KDRNumber::toInt() gives it.
     bool toInt(int* out) const;
@@ -169,16 +307,50 @@ public:
     bool toNumber(KDRNumber* out) const;
     /// Reads kind 2; the output shares the text.
     bool toString(KDRString* out) const;
-    /// Reads kind 12.
-    bool toChar(KDRChar* out) const;
     /// Reads kind 3, ranges included.
     bool toPoint(KDRPoint* out) const;
     /// Reads kind 4; the output shares the pixels.
     bool toImage(KDRImage* out) const;
+    /// Reads kind 5; the output shares the record.
+    bool toShape(KDRShape* out) const;
+    /// Reads kind 6. Not for constant stores. Kept on purpose.
+    bool toPointCloud(KDRPointCloud* out);
     /// Reads kind 7.
     bool toContour(KDRContour* out) const;
+    /// Reads kind 8.
+    bool toROIAlignment(KDRROIAlignment* out) const;
+    /// Reads kind 9.
+    bool to2DPose(KDRPose2D* out) const;
+    /// Reads kind 10.
+    bool toMatrix(KDRMatrix* out) const;
     /// Reads kind 11; the output shares the bytes.
     bool toBuffer(KDRBuffer* out) const;
+    /// Reads kind 12.
+    bool toChar(KDRChar* out) const;
+    /// Reads kind 500.
+    bool to3DPoint(KDRPoint3D* out) const;
+    /// Reads kind 501.
+    bool toVector3d(KDRVector3d* out) const;
+    /// Reads kind 502.
+    bool to3DShape(KDRShape3D* out) const;
+    /// Reads kind 503.
+    bool to3DPose(KDRPose3D* out) const;
+    /// Reads kind 504. Not for constant stores. Kept on purpose.
+    bool toRangeImage(KDRRangeImage* out);
+    /// Reads kind 7, the two-dimensional contour, not 505: on a contour it answers true and changes
+    /// nothing, since the output's assignment does nothing; on a three-dimensional contour it
+    /// answers false. Kept on purpose.
+    bool to3DContour(KDRContour3D* out) const;
+    /// Reads kind 506.
+    bool toMatrix3(KDRMatrix3* out) const;
+    /// Reads kind 507.
+    bool toMatrix4(KDRMatrix4* out) const;
+    /// Reads kind 508.
+    bool toQuaternion(KDRQuaternion* out) const;
+    /// Reads kind 509.
+    bool toDualQuaternion(KDRDualQuaternion* out) const;
+    /// Reads kind 1000; the output shares the list.
+    bool toBoolArray(KDRBoolArray* out) const;
     /// Reads kind 1001; the output shares the list.
     bool toNumberArray(KDRNumberArray* out) const;
     /// Reads kind 1002; the output shares the list.
@@ -187,25 +359,85 @@ public:
     bool toPointArray(KDRPointArray* out) const;
     /// Reads kind 1004; the images of the output share their pixels.
     bool toImageArray(KDRImageArray* out) const;
+    /// Reads kind 1005. Not for constant stores. Kept on purpose.
+    bool toRangeImageArray(KDRRangeImageArray* out);
+    /// Reads kind 1006; the output shares the list.
+    bool toShapeArray(KDRShapeArray* out) const;
+    /// Reads kind 1007. Not for constant stores. Kept on purpose.
+    bool toPointCloudArray(KDRPointCloudArray* out);
     /// Reads kind 1008.
     bool toContourArray(KDRContourArray* out) const;
+    /// Reads kind 1009.
+    bool toMatrixArray(KDRMatrixArray* out) const;
     /// Reads kind 1010; the output shares the list.
     bool toBufferArray(KDRBufferArray* out) const;
+    /// Reads kind 1500.
+    bool to3DPointArray(KDRPoint3DArray* out) const;
+    /// Reads kind 1501; the output shares the list.
+    bool to3DShapeArray(KDRShape3DArray* out) const;
+    /// Reads kind 1502.
+    bool toVector3dArray(KDRVector3dArray* out) const;
+    /// Reads kind 1503.
+    bool to3DContourArray(KDRContour3DArray* out) const;
+    /// Reads kind 1800; the output shares the list.
+    bool toVariantArray(KDRVariantArray* out) const;
+    /// Reads kind 1801. Not for constant stores. Kept on purpose.
+    bool to3DPlane(KDRPlane3D* out);
+    /// Reads kind 1802. Not for constant stores. Kept on purpose.
+    bool to3DPlaneArray(KDRPlane3DArray* out);
 
     /// The payload of kind 1.
     bool toNumberPtr(KDRNumber*& out);
     /// The payload of kind 2.
     bool toStringPtr(KDRString*& out);
-    /// The payload of kind 12.
-    bool toCharPtr(KDRChar*& out);
     /// The payload of kind 3.
     bool toPointPtr(KDRPoint*& out);
     /// The payload of kind 4.
     bool toImagePtr(KDRImage*& out);
+    /// The payload of kind 5.
+    bool toShapePtr(KDRShape*& out);
+    /// The payload of kind 6. The handle has no such reader. Kept on purpose.
+    bool toPointCloudPtr(KDRPointCloud*& out);
     /// The payload of kind 7.
     bool toContourPtr(KDRContour*& out);
+    /// The payload of kind 8.
+    bool toROIAlignmentPtr(KDRROIAlignment*& out);
+    /// The payload of kind 9.
+    bool to2DPosePtr(KDRPose2D*& out);
+    /// The payload of kind 10.
+    bool toMatrixPtr(KDRMatrix*& out);
     /// The payload of kind 11.
     bool toBufferPtr(KDRBuffer*& out);
+    /// The payload of kind 12.
+    bool toCharPtr(KDRChar*& out);
+    /// The payload of kind 500.
+    bool to3DPointPtr(KDRPoint3D*& out);
+    /// The payload of kind 501.
+    bool toVector3dPtr(KDRVector3d*& out);
+    /// The payload of kind 502.
+    bool to3DShapePtr(KDRShape3D*& out);
+    /// The payload of kind 503.
+    bool to3DPosePtr(KDRPose3D*& out);
+    /// The payload of kind 504. The handle has no such reader. Kept on purpose.
+    bool toRangeImagePtr(KDRRangeImage*& out);
+    /// Tests kind 7, the two-dimensional contour, not 505: on a contour it hands out the address of
+    /// the stored KDRContour under the name of a three-dimensional one, which **must not be
+    /// dereferenced**; on a three-dimensional contour it answers false. Kept on purpose.
+    bool to3DContourPtr(KDRContour3D*& out);
+    /// Answers whether the kind is 506; hands out nothing and does not use its argument. Kept on
+    /// purpose.
+    bool toMatrix3Ptr(KDRMatrix3* out);
+    /// Answers whether the kind is 507; hands out nothing and does not use its argument. Kept on
+    /// purpose.
+    bool toMatrix4Ptr(KDRMatrix4* out);
+    /// Answers whether the kind is 508; hands out nothing and does not use its argument. Kept on
+    /// purpose.
+    bool toQuaternionPtr(KDRQuaternion* out);
+    /// Answers whether the kind is 509; hands out nothing and does not use its argument. Kept on
+    /// purpose.
+    bool toDualQuaternionPtr(KDRDualQuaternion* out);
+    /// The payload of kind 1000.
+    bool toBoolArrayPtr(KDRBoolArray*& out);
     /// Tests kind 1, the number, not 1001: on a number it hands out the address of the stored
     /// KDRNumber under the name of a number array, which **must not be dereferenced**; on a number
     /// array it answers false. Use toNumberArray() to read one. Kept on purpose.
@@ -216,10 +448,28 @@ public:
     bool toPointArrayPtr(KDRPointArray*& out);
     /// The payload of kind 1004.
     bool toImageArrayPtr(KDRImageArray*& out);
+    /// The payload of kind 1005. The handle has no such reader. Kept on purpose.
+    bool toRangeImageArrayPtr(KDRRangeImageArray*& out);
+    /// The payload of kind 1006.
+    bool toShapeArrayPtr(KDRShapeArray*& out);
+    /// The payload of kind 1007. The handle has no such reader. Kept on purpose.
+    bool toPointCloudArrayPtr(KDRPointCloudArray*& out);
     /// The payload of kind 1008.
     bool toContourArrayPtr(KDRContourArray*& out);
+    /// The payload of kind 1009.
+    bool toMatrixArrayPtr(KDRMatrixArray*& out);
     /// The payload of kind 1010.
     bool toBufferArrayPtr(KDRBufferArray*& out);
+    /// The payload of kind 1500.
+    bool to3DPointArrayPtr(KDRPoint3DArray*& out);
+    /// The payload of kind 1501.
+    bool to3DShapeArrayPtr(KDRShape3DArray*& out);
+    /// The payload of kind 1502.
+    bool toVector3dArrayPtr(KDRVector3dArray*& out);
+    /// The payload of kind 1503.
+    bool to3DContourArrayPtr(KDRContour3DArray*& out);
+    /// The payload of kind 1800.
+    bool toVariantArrayPtr(KDRVariantArray*& out);
 
     /// Adds one to the count, under the store's mutex.
     void incRef();

@@ -8,7 +8,9 @@
 #include <thread>
 #include <vector>
 
+#include "../support/allocations.h"
 #include "../support/variantaccess.h"
+#include "variantmodel.h"
 
 namespace {
 
@@ -39,7 +41,7 @@ TEST(Concurrency, OneHandleIsCopiedFromSeveralThreads)
             ASSERT_EQ(point.y(), 2.0);
         }
     });
-    EXPECT_EQ(KDRInternal::store(source).refCount(), 1);
+    EXPECT_EQ(VariantAccess::store(source).refCount(), 1);
 }
 
 TEST(Concurrency, CopiesOfOneHandleAreWrittenInSeveralThreads)
@@ -57,7 +59,7 @@ TEST(Concurrency, CopiesOfOneHandleAreWrittenInSeveralThreads)
     KDRString text;
     EXPECT_TRUE(source.toString(&text));
     EXPECT_TRUE(text == KDRString("text"));
-    EXPECT_EQ(KDRInternal::store(source).refCount(), 1);
+    EXPECT_EQ(VariantAccess::store(source).refCount(), 1);
 }
 
 TEST(Concurrency, OneHandleIsCopiedWhileItIsAssignedTo)
@@ -78,17 +80,19 @@ TEST(Concurrency, OneHandleIsCopiedWhileItIsAssignedTo)
         }
     });
     shared = KDRVariant();
-    EXPECT_EQ(KDRInternal::store(one).refCount(), 1);
-    EXPECT_EQ(KDRInternal::store(two).refCount(), 1);
+    EXPECT_EQ(VariantAccess::store(one).refCount(), 1);
+    EXPECT_EQ(VariantAccess::store(two).refCount(), 1);
 }
 
 TEST(Concurrency, TheLastHandleMayGoInAnyThread)
 {
+    long const before = allocations::live();
     for (int round = 0; round < 50; ++round) {
         std::vector<KDRVariant> handles(threadCount, KDRVariant(KDRPoint(1.0, 2.0)));
         inThreads(
             [&handles](int number) { handles[static_cast<std::size_t>(number)] = KDRVariant(); });
     }
+    EXPECT_EQ(allocations::live(), before);
 }
 
 TEST(Concurrency, ImagesThatSharePixelsAreCopiedFromSeveralThreads)
@@ -103,6 +107,23 @@ TEST(Concurrency, ImagesThatSharePixelsAreCopiedFromSeveralThreads)
         }
     });
     EXPECT_EQ(source.dataPtr()[0], 0);
+}
+
+TEST(Concurrency, VariantsOfAllKindsAreUsedInThreadsThatShareTheirOrigin)
+{
+    std::vector<KDRVariant> origins;
+    for (KindEntry const& row : kindTable) {
+        if (row.kind != KindVariantArray)
+            origins.push_back(variantOf(row, 7));
+    }
+    inThreads([&origins](int number) {
+        VariantModel model(static_cast<unsigned>(number));
+        for (KDRVariant const& origin : origins)
+            model.addForeign(origin, 7);
+        model.run(1000);
+    });
+    for (KDRVariant const& origin : origins)
+        EXPECT_EQ(VariantAccess::store(origin).refCount(), 1);
 }
 
 } // namespace

@@ -25,8 +25,8 @@ TEST(Store, DefaultIsEmptyWithACountOfOne)
     KDRVariantPrivate store;
     EXPECT_EQ(store.variantType(), 2000);
     EXPECT_EQ(store.refCount(), 1);
-    EXPECT_EQ(KDRInternal::payload(store), nullptr);
-    EXPECT_FALSE(KDRInternal::disposed(store));
+    EXPECT_EQ(VariantAccess::payload(store), nullptr);
+    EXPECT_FALSE(VariantAccess::disposed(store));
 }
 
 TEST(Store, EveryNumericFormMakesKindOne)
@@ -130,10 +130,10 @@ TEST(Store, APayloadOfAnUnknownKindIsNotFreed)
     auto* const payload = new KDRNumber(1);
     {
         KDRVariantPrivate store;
-        KDRInternal::kind(store) = 77;
-        KDRInternal::payload(store) = payload;
+        VariantAccess::kind(store) = 77;
+        VariantAccess::payload(store) = payload;
         store.clear();
-        EXPECT_EQ(KDRInternal::payload(store), nullptr);
+        EXPECT_EQ(VariantAccess::payload(store), nullptr);
         EXPECT_EQ(store.variantType(), 77);
     }
     EXPECT_EQ(payload->toInt(), 1);
@@ -144,14 +144,14 @@ TEST(Store, CopiesOfAnUnknownKindKeepTheKindWithoutAPayload)
 {
     KDRNumber payload(1);
     KDRVariantPrivate store;
-    KDRInternal::kind(store) = 77;
-    KDRInternal::payload(store) = &payload;
+    VariantAccess::kind(store) = 77;
+    VariantAccess::payload(store) = &payload;
     KDRVariantPrivate copy(store);
     KDRVariantPrivate assigned(5);
     assigned = store;
     for (KDRVariantPrivate* const other : {&copy, &assigned}) {
         EXPECT_EQ(other->variantType(), 77);
-        EXPECT_EQ(KDRInternal::payload(*other), nullptr);
+        EXPECT_EQ(VariantAccess::payload(*other), nullptr);
     }
 }
 
@@ -181,8 +181,8 @@ TEST(Store, AssignmentIsDeepAndLeavesTheCountAlone)
     EXPECT_EQ(target.refCount(), 2);
     EXPECT_EQ(source.refCount(), 1);
     EXPECT_EQ(target.variantType(), 2);
-    EXPECT_NE(KDRInternal::payload(target),
-              KDRInternal::payload(const_cast<KDRVariantPrivate&>(source)));
+    EXPECT_NE(VariantAccess::payload(target),
+              VariantAccess::payload(const_cast<KDRVariantPrivate&>(source)));
     target.decRef();
 }
 
@@ -220,7 +220,7 @@ TEST(Store, CopiesOfANullPayloadKeepTheKindWithoutAPayload)
     assigned = cleared;
     for (KDRVariantPrivate* const store : {&copy, &assigned}) {
         EXPECT_EQ(store->variantType(), 1);
-        EXPECT_EQ(KDRInternal::payload(*store), nullptr);
+        EXPECT_EQ(VariantAccess::payload(*store), nullptr);
     }
 }
 
@@ -267,7 +267,7 @@ TEST(Store, TheLastCountFreesTheStoreAndItsPayload)
     EXPECT_EQ(store->refCount(), 2);
     store->decRef();
     EXPECT_EQ(store->refCount(), 1);
-    EXPECT_FALSE(KDRInternal::disposed(*store));
+    EXPECT_FALSE(VariantAccess::disposed(*store));
     EXPECT_GT(allocations::live(), before);
     store->decRef();
     EXPECT_EQ(allocations::live(), before);
@@ -287,7 +287,7 @@ TEST(Store, LockKeepsOtherThreadsFromTheCountUntilUnlock)
 TEST(Store, LockDoesNothingOnADisposedStore)
 {
     KDRVariantPrivate store(5);
-    KDRInternal::disposed(store) = true;
+    VariantAccess::disposed(store) = true;
     store.lock();
     store.lock(); // would wait for ever if the first had locked
     store.incRef();
@@ -298,9 +298,9 @@ TEST(Store, UnlockDoesNothingOnADisposedStore)
 {
     KDRVariantPrivate store(5);
     store.lock();
-    KDRInternal::disposed(store) = true;
+    VariantAccess::disposed(store) = true;
     store.unlock();
-    KDRInternal::disposed(store) = false;
+    VariantAccess::disposed(store) = false;
     EXPECT_TRUE(waitsFor([&store] { store.incRef(); }, [&store] { store.unlock(); }));
 }
 
@@ -313,17 +313,17 @@ TEST(Store, AssignmentThatFailsLeavesTheKindOfTheSourceWithoutAPayload)
         EXPECT_THROW(target = source, std::bad_alloc);
     }
     EXPECT_EQ(target.variantType(), 3);
-    EXPECT_EQ(KDRInternal::payload(target), nullptr);
+    EXPECT_EQ(VariantAccess::payload(target), nullptr);
 }
 
 TEST(Store, AssignmentCopiesTheDisposedFlag)
 {
     KDRVariantPrivate source(5);
-    KDRInternal::disposed(source) = true;
+    VariantAccess::disposed(source) = true;
     KDRVariantPrivate target;
     target = source;
-    EXPECT_TRUE(KDRInternal::disposed(target));
-    EXPECT_FALSE(KDRInternal::disposed(*std::make_unique<KDRVariantPrivate>(source)));
+    EXPECT_TRUE(VariantAccess::disposed(target));
+    EXPECT_FALSE(VariantAccess::disposed(*std::make_unique<KDRVariantPrivate>(source)));
 }
 
 TEST(Store, FieldsLieInTheirOrder)
@@ -331,8 +331,8 @@ TEST(Store, FieldsLieInTheirOrder)
     // Count, kind, payload, mutex, flag: what a debugger's pretty printer relies on.
     KDRVariantPrivate store(true);
     auto const* const begin = reinterpret_cast<char const*>(&store);
-    auto const* const kind = reinterpret_cast<char const*>(&KDRInternal::kind(store));
-    auto const* const payload = reinterpret_cast<char const*>(&KDRInternal::payload(store));
+    auto const* const kind = reinterpret_cast<char const*>(&VariantAccess::kind(store));
+    auto const* const payload = reinterpret_cast<char const*>(&VariantAccess::payload(store));
     EXPECT_EQ(kind - begin, 4);
     EXPECT_EQ(payload - begin, 8);
     EXPECT_EQ(sizeof(KDRVariantPrivate), 4 + 4 + sizeof(void*) + sizeof(QMutex) + sizeof(void*));
