@@ -1,0 +1,48 @@
+#ifndef KDRDATA_TESTS_SIGNATURES_H
+#define KDRDATA_TESTS_SIGNATURES_H
+
+#include <type_traits>
+
+/// The public operations of the library, one line each: result, parameter types and constness. The
+/// lines are checked as they are compiled; together with the list of exported symbols, which has no
+/// results but shows what is new, they keep the interface from moving unseen. A line changes only
+/// when the interface is meant to.
+
+/// Class::name with exactly this result and this list of parameters, constness behind it.
+#define MEMBER(Class, Result, name, ...)                                                           \
+    static_assert(std::is_same<decltype(static_cast<Result(Class::*) __VA_ARGS__>(&Class::name)),  \
+                               Result(Class::*) __VA_ARGS__>::value,                               \
+                  #Class "::" #name)
+
+/// The same for a static operation.
+#define STATIC(Class, Result, name, ...)                                                           \
+    static_assert(std::is_same<decltype(static_cast<Result(*) __VA_ARGS__>(&Class::name)),         \
+                               Result(*) __VA_ARGS__>::value,                                      \
+                  #Class "::" #name)
+
+/// The class can be made from these arguments.
+#define MADE_FROM(...) static_assert(std::is_constructible<__VA_ARGS__>::value, #__VA_ARGS__)
+
+/// The class cannot be made from these arguments.
+#define REFUSES(...) static_assert(!std::is_constructible<__VA_ARGS__>::value, #__VA_ARGS__)
+
+/// The class has no one operation of this name.
+#define LACKS(Class, name)                                                                         \
+    static_assert(                                                                                 \
+        !signatures::answers<Class>(                                                               \
+            [](auto* object) -> decltype(&std::remove_pointer_t<decltype(object)>::name) {         \
+                return nullptr;                                                                    \
+            }),                                                                                    \
+        #Class "::" #name)
+
+namespace signatures {
+
+template <class Class, class Question>
+constexpr bool answers(Question const&)
+{
+    return std::is_invocable<Question, Class*>::value;
+}
+
+} // namespace signatures
+
+#endif
