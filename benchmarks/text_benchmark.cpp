@@ -55,9 +55,9 @@ std::string fields()
 
 void allocateOnce(benchmark::State& state)
 {
-    for (auto _ : state) {
-        auto holder = std::make_unique<void*>();
-        benchmark::DoNotOptimize(holder);
+    while (state.KeepRunning()) {
+        auto const holder = std::make_unique<void*>();
+        benchmark::DoNotOptimize(holder.get());
     }
 }
 
