@@ -1,4 +1,5 @@
-// Finds the parts in a picture: a flow of small tools that hand each other variants.
+// Finds the parts in a picture, or measures a part that it draws itself: flows of small tools that
+// hand each other variants.
 
 #include <QtCore/qcommandlineparser.h>
 #include <QtCore/qcoreapplication.h>
@@ -6,14 +7,19 @@
 #include <iostream>
 #include <opencv2/core.hpp>
 
+#include "drawnpart.h"
+#include "recipe.h"
 #include "report.h"
 #include "tools.h"
 
 namespace {
 
+using namespace inspect;
+
 struct Arguments
 {
-    bool help;
+    bool help = false;
+    bool drawnPart = false;
     QString text; // what --help prints
     QString image;
     QString out;
@@ -22,63 +28,118 @@ struct Arguments
 Arguments argumentsOf(QStringList const& words)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription("Finds the parts in a picture and draws their outlines.");
+    parser.setApplicationDescription("Finds the parts in a picture and draws figures around them.");
     QCommandLineOption const help = parser.addHelpOption();
-    QCommandLineOption const out("out", "Write the drawing to FILE (default: IMAGE-found.png).",
-                                 "FILE");
-    parser.addOption(out);
+    QCommandLineOption const out(
+        "out", "Write the drawing to FILE (default: IMAGE-found.png, part-found.png).", "FILE");
+    QCommandLineOption const drawnPart(
+        "drawn-part", "Instead of inspecting a picture, draw a machine part and measure it.");
+    parser.addOptions({out, drawnPart});
     parser.addPositionalArgument("IMAGE", "The picture to inspect.");
 
     // parse() leaves it to us what to say and how to end.
     bool const good = parser.parse(words);
-    if (parser.isSet(help))
-        return {true, parser.helpText(), {}, {}};
-    QString const usage = "usage: inspect IMAGE [--out FILE]";
+    Arguments arguments;
+    arguments.help = parser.isSet(help);
+    arguments.text = parser.helpText();
+    if (arguments.help)
+        return arguments;
+    QString const usage = "usage: inspect IMAGE [--out FILE], or inspect --drawn-part [--out FILE]";
     if (!good)
-        throw inspect::Failure((parser.errorText() + " " + usage).toStdString());
-    if (parser.positionalArguments().size() != 1)
-        throw inspect::Failure("name one picture; " + usage.toStdString());
-    QString const image = parser.positionalArguments().constFirst();
-    QString const found = QFileInfo(image).completeBaseName() + "-found.png";
-    return {false, {}, image, parser.isSet(out) ? parser.value(out) : found};
+        throw Failure((parser.errorText() + " " + usage).toStdString());
+    arguments.drawnPart = parser.isSet(drawnPart);
+    if (parser.positionalArguments().size() != (arguments.drawnPart ? 0 : 1))
+        throw Failure(
+            (arguments.drawnPart ? "name no picture for the drawn part; " : "name one picture; ") +
+            usage.toStdString());
+    QString name = "part";
+    if (!arguments.drawnPart) {
+        arguments.image = parser.positionalArguments().constFirst();
+        name = QFileInfo(arguments.image).completeBaseName();
+    }
+    arguments.out = parser.isSet(out) ? parser.value(out) : name + "-found.png";
+    return arguments;
 }
 
 KDRString textOf(QString const& text) { return KDRString(text.utf16(), text.size()); }
 
-void run(Arguments const& arguments)
+// The values after each tool.
+std::vector<Values> valuesAfter(std::vector<Tool> const& tools, Values values)
 {
-    using namespace inspect;
-
-    Values values;
-    values["path"] = textOf(arguments.image);
     std::vector<Values> history;
-    for (Tool const tool : {loadImage, flattenGround, proposeParameters, threshold, findParts,
-                            measureParts, drawParts}) {
+    for (Tool const tool : tools) {
         values = tool(values);
         history.push_back(values);
     }
+    return history;
+}
 
-    KDRImage drawing = valueOf(values, "drawing", &KDRVariant::toImage);
-    if (drawing.save(textOf(arguments.out)) == 0)
-        throw Failure("cannot write '" + arguments.out.toStdString() +
+void save(Values const& values, QString const& path)
+{
+    if (valueOf(values, "drawing", &KDRVariant::toImage).save(textOf(path)) == 0)
+        throw Failure("cannot write '" + path.toStdString() +
                       "': no such directory, no permission, or not the name of a picture "
                       "(png, jpg, tif, bmp, ppm)");
+}
 
-    printParameters(std::cout, values);
+void inspectPicture(Arguments const& arguments)
+{
+    Values given;
+    given["path"] = textOf(arguments.image);
+    std::vector<Values> const history =
+        valuesAfter({loadImage, flattenGround, proposeParameters, threshold, findParts, fitFigures,
+                     measureParts, convertFigures, drawParts, packParts},
+                    given);
+    Values const& values = history.back();
+    save(values, arguments.out);
+
     printParts(std::cout, values);
+    printConversions(std::cout, values);
     printSharing(std::cout, history);
+    KDRVariant const copy = values.at("recipe");
+    printRecipe(std::cout, copy);
 
+    KDRImage const image = valueOf(values, "image", &KDRVariant::toImage);
     int const found = valueOf(values, "outlines", &KDRVariant::toContourArray).length();
     int const cut = valueOf(values, "cut", &KDRVariant::toNumber).toInt();
     std::cout << "\nFound " << found << (found == 1 ? " part" : " parts") << " in "
-              << arguments.image.toStdString() << " (" << drawing.width() << " x "
-              << drawing.height() << " pixels)";
+              << arguments.image.toStdString() << " (" << image.width() << " x " << image.height()
+              << " pixels)";
     if (cut > 0)
         std::cout << ", and " << cut << " cut by its edge";
-    std::cout << ".\nThe picture with their outlines: "
-              << QFileInfo(arguments.out).absoluteFilePath().toStdString() << '\n'
-              << std::flush;
-    if (!std::cout)
+    std::cout << ".\nThe picture with borders (green), circles (red) and rectangles (blue): "
+              << QFileInfo(arguments.out).absoluteFilePath().toStdString() << '\n';
+}
+
+void inspectDrawnPart(Arguments const& arguments)
+{
+    Values const values =
+        valuesAfter({planPart, drawPart, followEdges, measurePart, drawFigures, packPart}, {})
+            .back();
+    save(values, arguments.out);
+
+    printFigures(std::cout, values);
+    KDRVariant const copy = values.at("recipe");
+    printRecipe(std::cout, copy);
+
+    KDRBoolArray const isFound = valueOf(values, "is found", &KDRVariant::toBoolArray);
+    int found = 0;
+    for (int i = 0; i < isFound.length(); ++i)
+        found += isFound[i] ? 1 : 0;
+    std::cout << "\nFound " << found << " of " << isFound.length()
+              << " figures of the drawn part.\nThe picture with the figures found: "
+              << QFileInfo(arguments.out).absoluteFilePath().toStdString() << '\n';
+}
+
+void run(Arguments const& arguments)
+{
+    if (arguments.help)
+        std::cout << arguments.text.toStdString();
+    else if (arguments.drawnPart)
+        inspectDrawnPart(arguments);
+    else
+        inspectPicture(arguments);
+    if (!std::cout.flush())
         throw Failure("cannot write the report to standard output");
 }
 
@@ -92,11 +153,7 @@ int main(int argc, char* argv[])
     QCoreApplication const application(argc, argv);
     cv::redirectError(tellNothing);
     try {
-        Arguments const arguments = argumentsOf(QCoreApplication::arguments());
-        if (arguments.help)
-            std::cout << arguments.text.toStdString();
-        else
-            run(arguments);
+        run(argumentsOf(QCoreApplication::arguments()));
         return 0;
     } catch (inspect::Failure const& failure) {
         std::cerr << "inspect: " << failure.what() << '\n';

@@ -59,28 +59,79 @@ cv::Mat colourOf(KDRImage const& image)
     return colour;
 }
 
-std::vector<cv::Point> pointsOf(KDRContour const& outline)
+KDRShape regionShapeOf(cv::Mat const& mask)
+{
+    KDRNumberArray rows;
+    KDRNumberArray firstColumns;
+    KDRNumberArray lastColumns;
+    for (int y = 0; y < mask.rows; ++y) {
+        uchar const* const row = mask.ptr(y);
+        for (int x = 0; x < mask.cols; ++x) {
+            if (row[x] == 0)
+                continue;
+            rows.push_back(y);
+            firstColumns.push_back(x);
+            while (x + 1 < mask.cols && row[x + 1] != 0)
+                ++x;
+            lastColumns.push_back(x);
+        }
+    }
+    KDRRegion region;
+    region.fromRunLengthEncodeing(rows, firstColumns, lastColumns, mask.cols, mask.rows);
+    KDRShape shape;
+    shape.fromRegion(region);
+    return shape;
+}
+
+cv::Mat maskOf(KDRRegion region)
+{
+    KDRNumberArray rows;
+    KDRNumberArray firstColumns;
+    KDRNumberArray lastColumns;
+    region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
+    cv::Mat mask(region.height(), region.width(), CV_8U, cv::Scalar(0));
+    for (int i = 0; i < rows.length(); ++i) {
+        cv::Range const columns(firstColumns[i].toInt(), lastColumns[i].toInt() + 1);
+        mask.row(rows[i].toInt()).colRange(columns).setTo(255);
+    }
+    return mask;
+}
+
+Line lineOf(KDRPointArray const& points)
+{
+    Line line;
+    line.reserve(static_cast<std::size_t>(points.length()));
+    for (int i = 0; i < points.length(); ++i) {
+        KDRPoint const point = points[i];
+        line.emplace_back(static_cast<float>(point.x()), static_cast<float>(point.y()));
+    }
+    return line;
+}
+
+Line lineOf(KDRContour const& outline)
 {
     KDRPointArray points;
     outline.ToPointArray(&points);
-    std::vector<cv::Point> result;
-    result.reserve(static_cast<std::size_t>(points.length()));
-    for (int i = 0; i < points.length(); ++i)
-        result.emplace_back(cvRound(points[i].x()), cvRound(points[i].y()));
-    return result;
+    return lineOf(points);
 }
 
-KDRContour contourOf(std::vector<cv::Point> const& points)
+KDRPointArray pointsOf(Line const& line)
 {
-    KDRPointArray corners;
-    for (cv::Point const& point : points)
-        corners.push_back(KDRPoint(point.x, point.y));
+    KDRPointArray points;
+    for (cv::Point2f const& point : line)
+        points.push_back(KDRPoint(point.x, point.y));
+    return points;
+}
+
+KDRContour contourOf(Line const& line)
+{
+    KDRPointArray points = pointsOf(line);
     KDRContour outline;
-    outline.FromPointArray(corners);
+    outline.FromPointArray(points);
     return outline;
 }
 
-cv::Point2d centreOf(std::vector<cv::Point> const& outline)
+cv::Point2d centreOf(Line const& outline)
 {
     cv::Moments const moments = cv::moments(outline);
     if (moments.m00 == 0.0)

@@ -8,6 +8,9 @@
 
 namespace inspect {
 
+/// Points in order, in pixels. A closed line ends at the point it starts from.
+using Line = std::vector<cv::Point2f>;
+
 /// The pixels of @p image as a matrix of the image processing library. Nothing is copied: the image
 /// must outlive the matrix, and whoever writes into it writes into the image.
 cv::Mat pixelsOf(KDRImage const& image);
@@ -23,14 +26,26 @@ cv::Mat greyOf(KDRImage const& image);
 /// The same in 8-bit colour (blue, green, red), with pixels of its own to draw on.
 cv::Mat colourOf(KDRImage const& image);
 
-/// The outline in whole pixels.
-std::vector<cv::Point> pointsOf(KDRContour const& outline);
+/// A shape with the region of all pixels that are not 0 in @p mask, run by run.
+KDRShape regionShapeOf(cv::Mat const& mask);
 
-/// The contour through @p points.
-KDRContour contourOf(std::vector<cv::Point> const& points);
+/// The mask of @p region, as large as its extent: 255 where the region is, 0 elsewhere.
+cv::Mat maskOf(KDRRegion region);
+
+/// The coordinates of @p points.
+Line lineOf(KDRPointArray const& points);
+
+/// The points of an outline.
+Line lineOf(KDRContour const& outline);
+
+/// The points of @p line, for the library.
+KDRPointArray pointsOf(Line const& line);
+
+/// The contour through the points of @p line.
+KDRContour contourOf(Line const& line);
 
 /// The centre of the area inside an outline.
-cv::Point2d centreOf(std::vector<cv::Point> const& outline);
+cv::Point2d centreOf(Line const& outline);
 
 } // namespace inspect
 

@@ -1,5 +1,7 @@
 #include "report.h"
 
+#include "figures.h"
+
 #include <iomanip>
 #include <set>
 
@@ -7,74 +9,150 @@ namespace inspect {
 
 namespace {
 
-std::string utf8(KDRString const& text) { return text.toUtf8().constData(); }
-
-// What a parameter holds, a number or a text.
-std::string displayed(KDRVariant const& parameter)
+template <typename Payload>
+void const* payload(KDRVariant& handle, bool (KDRVariant::*reader)(Payload*&))
 {
-    KDRString text;
-    KDRNumber number;
-    if (parameter.toNumber(&number))
-        text = KDRString("%1").arg(number.toDouble(), 0, KDRString::KDRFormatGeneral, 12);
-    else
-        parameter.toString(&text);
-    return utf8(text);
+    Payload* found = nullptr;
+    (handle.*reader)(found);
+    return found;
 }
 
 // The address of the payload that a handle shares with all others on its store. Null for kinds
 // without a pointer reader: that of number arrays does not hand out number arrays.
 void const* payloadOf(KDRVariant handle)
 {
-    KDRNumber* number = nullptr;
-    KDRString* text = nullptr;
-    KDRImage* image = nullptr;
-    KDRPointArray* points = nullptr;
-    KDRContourArray* outlines = nullptr;
-    if (handle.toNumberPtr(number))
-        return number;
-    if (handle.toStringPtr(text))
-        return text;
-    if (handle.toImagePtr(image))
-        return image;
-    if (handle.toPointArrayPtr(points))
-        return points;
-    if (handle.toContourArrayPtr(outlines))
-        return outlines;
-    return nullptr;
+    switch (handle.variantType()) {
+    case KindNumber:
+        return payload(handle, &KDRVariant::toNumberPtr);
+    case KindString:
+        return payload(handle, &KDRVariant::toStringPtr);
+    case KindImage:
+        return payload(handle, &KDRVariant::toImagePtr);
+    case KindShape:
+        return payload(handle, &KDRVariant::toShapePtr);
+    case KindMatrix:
+        return payload(handle, &KDRVariant::toMatrixPtr);
+    case KindBoolArray:
+        return payload(handle, &KDRVariant::toBoolArrayPtr);
+    case KindShapeArray:
+        return payload(handle, &KDRVariant::toShapeArrayPtr);
+    case KindContourArray:
+        return payload(handle, &KDRVariant::toContourArrayPtr);
+    case KindVariantArray:
+        return payload(handle, &KDRVariant::toVariantArrayPtr);
+    default:
+        return nullptr;
+    }
+}
+
+// What became of a figure of one kind on its way through the record.
+std::string fate(unsigned int sent, unsigned int returned, bool unchanged)
+{
+    if (returned == ShapeKindEmpty)
+        return "leaves no trace";
+    if (returned != sent)
+        return "comes back as " + nameOf(returned);
+    return unchanged ? "survives" : "comes back changed";
 }
 
 } // namespace
 
-void printParameters(std::ostream& out, Values const& values)
+void printParts(std::ostream& out, Values const& values)
 {
-    out << "Parameters\n";
-    for (char const* name : {"path", "level", "smallest"}) {
-        KDRVariant parameter = values.at(name);
-        out << "  " << std::left << std::setw(10) << name << std::setw(38)
-            << utf8(parameter.attribute()) << displayed(parameter) << '\n';
+    KDRContourArray const outlines = valueOf(values, "outlines", &KDRVariant::toContourArray);
+    KDRMatrix const features = valueOf(values, "features", &KDRVariant::toMatrix);
+    KDRShapeArray const circles = valueOf(values, "circles", &KDRVariant::toShapeArray);
+    KDRShapeArray const rectangles = valueOf(values, "rectangles", &KDRVariant::toShapeArray);
+    KDRBoolArray const isRound = valueOf(values, "is round", &KDRVariant::toBoolArray);
+
+    out << "Parts, in pixels and degrees: centre, area, perimeter; the circle's radius; the "
+           "rectangle\n"
+        << "  no        x        y     area  perimeter   radius  half length  half width    angle"
+           "  round\n"
+        << std::right << std::fixed << std::setprecision(1);
+    for (int i = 0; i < outlines.length(); ++i) {
+        out << std::setw(4) << i + 1;
+        for (int row = 0; row < features.rows(); ++row) {
+            KDRNumber feature;
+            features.select(row, i, &feature);
+            out << std::setw(9) << feature.toDouble();
+        }
+        KDRPoint centre;
+        double radius = 0.0;
+        double halfLength = 0.0;
+        double halfWidth = 0.0;
+        double angle = 0.0;
+        circles[i].toCircle(&centre, &radius);
+        rectangles[i].toRect2(&centre, &halfLength, &halfWidth, &angle);
+        out << std::setw(11) << outlines[i].perimeter() << std::setw(9) << radius << std::setw(13)
+            << halfLength << std::setw(12) << halfWidth << std::setw(9) << angle << "  "
+            << (isRound[i] ? "yes" : "no") << '\n';
     }
 }
 
-void printParts(std::ostream& out, Values const& values)
+void printConversions(std::ostream& out, Values const& values)
 {
-    KDRPointArray const centres = valueOf(values, "centres", &KDRVariant::toPointArray);
-    KDRNumberArray const areas = valueOf(values, "areas", &KDRVariant::toNumberArray);
-    KDRContourArray const outlines = valueOf(values, "outlines", &KDRVariant::toContourArray);
+    KDRMatrix conversions = valueOf(values, "conversions", &KDRVariant::toMatrix);
+    KDRNumberArray sent;
+    KDRNumberArray record;
+    KDRNumberArray returned;
+    KDRNumberArray unchanged;
+    conversions.getRowData(0, &sent);
+    conversions.getRowData(1, &record);
+    conversions.getRowData(2, &returned);
+    conversions.getRowData(3, &unchanged);
 
-    out << "\nParts\n"
-        << std::right << std::setw(8) << "number" << std::setw(12) << "centre x" << std::setw(12)
-        << "centre y" << std::setw(12) << "area" << std::setw(12) << "perimeter" << '\n'
-        << std::fixed << std::setprecision(1);
-    for (int i = 0; i < outlines.length(); ++i)
-        out << std::setw(8) << i + 1 << std::setw(12) << centres[i].x() << std::setw(12)
-            << centres[i].y() << std::setw(12) << areas[i].toDouble() << std::setw(12)
-            << outlines[i].perimeter() << '\n';
+    out << "\nFigures sent to the core library's record and back\n"
+        << "  " << std::left << std::setw(10) << "figure" << std::right << std::setw(6) << "count"
+        << std::setw(6) << "kind" << std::setw(8) << "record" << std::setw(6) << "back" << '\n';
+    for (int i = 0; i < sent.length();) {
+        // Figures that fare alike follow each other.
+        int count = 0;
+        int const first = i;
+        while (i < sent.length() && sent[i].toInt() == sent[first].toInt() &&
+               returned[i].toInt() == returned[first].toInt() &&
+               unchanged[i].toInt() == unchanged[first].toInt()) {
+            ++count;
+            ++i;
+        }
+        auto const kind = static_cast<unsigned int>(sent[first].toInt());
+        auto const back = static_cast<unsigned int>(returned[first].toInt());
+        out << "  " << std::left << std::setw(10) << nameOf(kind) << std::right << std::setw(6)
+            << count << std::setw(6) << kind << std::setw(8) << record[first].toInt()
+            << std::setw(6) << back << "  " << fate(kind, back, unchanged[first].toInt() != 0)
+            << '\n';
+    }
+}
+
+void printFigures(std::ostream& out, Values const& values)
+{
+    KDRStringArray const names = valueOf(values, "names", &KDRVariant::toStringArray);
+    KDRShapeArray const nominal = valueOf(values, "nominal", &KDRVariant::toShapeArray);
+    KDRShapeArray const found = valueOf(values, "found", &KDRVariant::toShapeArray);
+
+    out << "The part's figures, nominal and found, in pixels, square pixels and degrees\n"
+        << std::fixed << std::setprecision(2);
+    for (int i = 0; i < nominal.length(); ++i) {
+        KDRShape const wanted = nominal[i];
+        KDRShape const figure = found[i];
+        out << "  " << names[i].toUtf8().constData() << ": " << nameOf(wanted.shapeType())
+            << ", found as " << nameOf(figure.shapeType()) << "\n            " << std::right;
+        for (Quantity const& quantity : quantitiesOf(wanted))
+            out << std::setw(13) << quantity.name;
+        out << "\n    nominal ";
+        for (Quantity const& quantity : quantitiesOf(wanted))
+            out << std::setw(13) << quantity.value;
+        out << "\n    found   ";
+        for (Quantity const& quantity : quantitiesOf(figure))
+            out << std::setw(13) << quantity.value;
+        out << '\n';
+    }
 }
 
 void printSharing(std::ostream& out, std::vector<Values> const& history)
 {
     out << "\nHandles and the stores they share, after " << history.size() << " tools\n"
-        << "  " << std::left << std::setw(10) << "value" << std::right << std::setw(6) << "kind"
+        << "  " << std::left << std::setw(12) << "value" << std::right << std::setw(6) << "kind"
         << std::setw(10) << "handles" << std::setw(10) << "stores" << '\n';
     for (auto const& [name, value] : history.back()) {
         int handles = 0;
@@ -86,7 +164,7 @@ void printSharing(std::ostream& out, std::vector<Values> const& history)
             ++handles;
             stores.insert(payloadOf(found->second));
         }
-        out << "  " << std::left << std::setw(10) << name << std::right << std::setw(6)
+        out << "  " << std::left << std::setw(12) << name << std::right << std::setw(6)
             << value.variantType() << std::setw(10) << handles << std::setw(10);
         if (payloadOf(value) == nullptr)
             out << "-"

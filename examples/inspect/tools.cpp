@@ -1,6 +1,9 @@
 #include "tools.h"
 
-#include "pixels.h"
+#include "drawing.h"
+#include "figures.h"
+#include "fitting.h"
+#include "recipe.h"
 
 #include <QtCore/qfileinfo.h>
 #include <algorithm>
@@ -10,8 +13,6 @@
 namespace inspect {
 
 namespace {
-
-using Outline = std::vector<cv::Point>;
 
 std::string localText(KDRString const& text) { return text.toLocal8Bit().constData(); }
 
@@ -60,38 +61,100 @@ cv::Mat groundOf(cv::Mat const& grey)
     return ground;
 }
 
-// Puts a number with a range into the values unless there is one. A number that is put into a
-// variant leaves its range behind; it is assigned to the stored one.
-void propose(Values& values, char const* name, KDRNumber const& proposal)
+KDRNumber numberIn(double least, double most, double step, double value)
 {
-    if (values.count(name) > 0)
-        return;
-    KDRVariant& parameter = values[name];
-    parameter.fromNumber(proposal);
-    KDRNumber* stored = nullptr;
-    if (parameter.toNumberPtr(stored))
-        *stored = proposal;
+    KDRNumber number(value);
+    number.setMinValue(least);
+    number.setMaxValue(most);
+    number.setStep(step);
+    return number;
+}
+
+// The outer outlines of what is set in a mask.
+std::vector<Line> outlinesIn(cv::Mat const& mask)
+{
+    std::vector<std::vector<cv::Point>> found;
+    cv::findContours(mask, found, cv::RETR_EXTERNAL, cv::CHAIN_APPROX_NONE);
+    std::vector<Line> outlines;
+    outlines.reserve(found.size());
+    for (std::vector<cv::Point> const& points : found)
+        outlines.emplace_back(points.begin(), points.end());
+    return outlines;
+}
+
+// Sets what lies inside an outline.
+void fill(cv::Mat& mask, Line const& outline)
+{
+    std::vector<cv::Point> const points(outline.begin(), outline.end());
+    cv::fillPoly(mask, std::vector<std::vector<cv::Point>>{points}, 255);
 }
 
 // Sorts outlines as one reads: rows from the top, each from the left. A part belongs to a row if
 // its centre lies above the bottom of the row's first part.
-void sortAsRead(std::vector<Outline>& outlines)
+void sortAsRead(std::vector<Line>& outlines)
 {
-    auto const higher = [](Outline const& a, Outline const& b) {
-        return centreOf(a).y < centreOf(b).y;
-    };
-    auto const further = [](Outline const& a, Outline const& b) {
-        return centreOf(a).x < centreOf(b).x;
-    };
+    auto const higher = [](Line const& a, Line const& b) { return centreOf(a).y < centreOf(b).y; };
+    auto const further = [](Line const& a, Line const& b) { return centreOf(a).x < centreOf(b).x; };
     std::sort(outlines.begin(), outlines.end(), higher);
     for (auto row = outlines.begin(); row != outlines.end();) {
         int const bottom = cv::boundingRect(*row).br().y;
-        auto const next = std::find_if(row, outlines.end(), [bottom](Outline const& outline) {
+        auto const next = std::find_if(row, outlines.end(), [bottom](Line const& outline) {
             return centreOf(outline).y >= bottom;
         });
         std::sort(row, next, further);
         row = next;
     }
+}
+
+// A line, an arrow, an ellipse, an arc, a polygon, a torus and a text.
+KDRShapeArray oneOfEachOtherKind()
+{
+    KDRPoint here(20.0, 30.0);
+    KDRPoint there(60.0, 50.0);
+    KDRPointArray corners;
+    corners.push_back(here);
+    corners.push_back(there);
+    corners.push_back(KDRPoint(20.0, 70.0));
+    KDRString word("coin");
+    KDRFont font;
+
+    KDRShape line;
+    KDRShape arrow;
+    KDRShape ellipse;
+    KDRShape arc;
+    KDRShape polygon;
+    KDRShape torus;
+    KDRShape text;
+    line.fromLine(here, there);
+    arrow.fromArrow(here, there);
+    ellipse.fromEllipse(here, 12.0, 7.0, 30.0);
+    arc.fromArc(here, 12.0, 45.0, 180.0);
+    polygon.fromPolygon(corners);
+    torus.fromTorus(here, 7.0, 12.0, 0.0, 270.0);
+    text.fromText(here, word, font);
+
+    KDRShapeArray figures;
+    for (KDRShape const& figure : {line, arrow, ellipse, arc, polygon, torus, text})
+        figures.push_back(figure);
+    return figures;
+}
+
+// The part with the greatest area, as a recipe of its own. Empty where there are no parts.
+KDRVariantArray largestPart(Values const& values)
+{
+    KDRMatrix features = valueOf(values, "features", &KDRVariant::toMatrix);
+    KDRNumberArray areas;
+    features.getRowData(2, &areas);
+    KDRVariantArray recipe;
+    if (areas.length() == 0)
+        return recipe;
+    int largest = 0;
+    for (int i = 1; i < areas.length(); ++i)
+        largest = areas[i].toDouble() > areas[largest].toDouble() ? i : largest;
+    add(recipe, "number", withRange(numberIn(1.0, areas.length(), 1.0, largest + 1)));
+    add(recipe, "circle", valueOf(values, "circles", &KDRVariant::toShapeArray)[largest]);
+    add(recipe, "rectangle", valueOf(values, "rectangles", &KDRVariant::toShapeArray)[largest]);
+    return recipe;
 }
 
 } // namespace
@@ -153,20 +216,14 @@ Values proposeParameters(Values const& given)
     // only noise.
     cv::Mat ignored;
     double const best = cv::threshold(pixelsOf(relief), ignored, 0, 255, cv::THRESH_OTSU);
-    KDRNumber level;
-    level.setMaxValue(254.0);
-    level.setMinValue(8.0);
-    level.setStep(1.0);
-    level.fromInt(std::max(static_cast<int>(level.minValue()), cvRound(best / 2.0)));
-    propose(values, "level", level);
+    double const level = std::max(8.0, std::round(best / 2.0));
+    values.emplace("level", withRange(numberIn(8.0, 254.0, 1.0, level)));
 
     double const size = static_cast<double>(relief.width()) * relief.height();
-    KDRNumber smallest;
-    smallest.setMaxValue(size);
-    smallest.setMinValue(1.0);
-    smallest.setStep(1.0);
-    smallest.fromDouble(std::max(smallest.minValue(), std::round(size / 1000.0)));
-    propose(values, "smallest", smallest);
+    double const smallest = std::max(1.0, std::round(size / 1000.0));
+    values.emplace("smallest", withRange(numberIn(1.0, size, 1.0, smallest)));
+
+    values.emplace("round from", withRange(numberIn(0.0, 1.0, 0.05, 0.8)));
     return values;
 }
 
@@ -175,100 +232,165 @@ Values threshold(Values const& given)
     KDRImage const relief = valueOf(given, "relief", &KDRVariant::toImage);
     KDRNumber const level = valueOf(given, "level", &KDRVariant::toNumber);
 
-    KDRImage const mask(nullptr, relief.width(), relief.height(), 1, 0, KDRImage::DataTypeUInt8);
-    cv::Mat pixels = pixelsOf(mask);
-    cv::threshold(pixelsOf(relief), pixels, level.toDouble(), 255, cv::THRESH_BINARY);
-
     Values values = given;
-    values["mask"] = mask;
+    values["mask"] = regionShapeOf(pixelsOf(relief) > level.toDouble());
     return values;
 }
 
 Values findParts(Values const& given)
 {
-    KDRImage const mask = valueOf(given, "mask", &KDRVariant::toImage);
+    cv::Mat const mask = maskOf(regionOf(given, "mask"));
     KDRNumber const smallest = valueOf(given, "smallest", &KDRVariant::toNumber);
-    int const side = std::min(mask.width(), mask.height());
+    int const side = std::min(mask.cols, mask.rows);
 
     // Close cracks, fill holes, take thin spurs off.
     double const crack = std::max(1.0, side / 150.0);
-    cv::Mat parts = shrunk(grown(pixelsOf(mask), crack), crack);
-    std::vector<Outline> outlines;
-    cv::findContours(parts, outlines, cv::RETR_EXTERNAL, cv::CHAIN_APPROX_NONE);
-    cv::drawContours(parts, outlines, -1, 255, cv::FILLED);
+    cv::Mat cleaned = shrunk(grown(mask, crack), crack);
+    for (Line const& outline : outlinesIn(cleaned))
+        fill(cleaned, outline);
     double const spur = std::max(1.0, side / 60.0);
-    parts = grown(shrunk(parts, spur), spur);
-    cv::findContours(parts, outlines, cv::RETR_EXTERNAL, cv::CHAIN_APPROX_NONE);
+    cleaned = grown(shrunk(cleaned, spur), spur);
 
     KDRContourArray found;
+    cv::Mat parts(mask.size(), CV_8U, cv::Scalar(0));
     int cut = 0;
-    cv::Rect const inside(1, 1, mask.width() - 2, mask.height() - 2);
+    cv::Rect const inside(1, 1, mask.cols - 2, mask.rows - 2);
+    std::vector<Line> outlines = outlinesIn(cleaned);
     sortAsRead(outlines);
-    for (Outline const& points : outlines) {
-        KDRContour const outline = contourOf(points);
-        cv::Rect const box = cv::boundingRect(points);
+    for (Line const& line : outlines) {
+        KDRContour const outline = contourOf(line);
+        cv::Rect const box = cv::boundingRect(line);
         if (outline.area() < smallest.toDouble())
             continue;
-        if ((box & inside) != box)
+        if ((box & inside) != box) {
             ++cut;
-        else
-            found.push_back(outline);
+            continue;
+        }
+        found.push_back(outline);
+        fill(parts, line);
     }
 
     Values values = given;
     values["outlines"] = found;
+    values["parts"] = regionShapeOf(parts);
     values["cut"] = cut;
+    return values;
+}
+
+Values fitFigures(Values const& given)
+{
+    KDRContourArray const outlines = valueOf(given, "outlines", &KDRVariant::toContourArray);
+    KDRShapeArray circles;
+    KDRShapeArray rectangles;
+    for (int i = 0; i < outlines.length(); ++i) {
+        Line const points = lineOf(outlines[i]);
+        circles.push_back(circleThrough(points));
+        rectangles.push_back(rectangleAround(points));
+    }
+
+    Values values = given;
+    values["circles"] = circles;
+    values["rectangles"] = rectangles;
     return values;
 }
 
 Values measureParts(Values const& given)
 {
     KDRContourArray const outlines = valueOf(given, "outlines", &KDRVariant::toContourArray);
-    KDRPointArray centres;
-    KDRNumberArray areas;
+    KDRNumber const roundFrom = valueOf(given, "round from", &KDRVariant::toNumber);
+    KDRMatrix features(3, outlines.length(), KDRMatrix::MatrixTypeFloat64);
+    KDRNumberArray roundness;
+    KDRBoolArray isRound;
     for (int i = 0; i < outlines.length(); ++i) {
-        cv::Point2d const centre = centreOf(pointsOf(outlines[i]));
-        centres.push_back(KDRPoint(centre.x, centre.y));
-        areas.push_back(outlines[i].area());
+        KDRContour const outline = outlines[i];
+        cv::Point2d const centre = centreOf(lineOf(outline));
+        KDRNumber x(centre.x);
+        KDRNumber y(centre.y);
+        KDRNumber area(outline.area());
+        features.replace(0, i, x);
+        features.replace(1, i, y);
+        features.replace(2, i, area);
+
+        double const perimeter = outline.perimeter();
+        roundness.push_back(4.0 * CV_PI * outline.area() / (perimeter * perimeter));
+        isRound.push_back(roundness[i].toDouble() >= roundFrom.toDouble());
     }
 
     Values values = given;
-    values["centres"] = centres;
-    values["areas"] = areas;
+    values["features"] = features;
+    values["roundness"] = roundness;
+    values["is round"] = isRound;
+    return values;
+}
+
+Values convertFigures(Values const& given)
+{
+    KDRShapeArray figures = valueOf(given, "circles", &KDRVariant::toShapeArray);
+    figures.push_back(valueOf(given, "rectangles", &KDRVariant::toShapeArray));
+    figures.push_back(oneOfEachOtherKind());
+    figures.push_back(valueOf(given, "parts", &KDRVariant::toShape));
+
+    KDRMatrix conversions(4, figures.length(), KDRMatrix::MatrixTypeInt32);
+    DataConvert converter;
+    for (int i = 0; i < figures.length(); ++i) {
+        KDRShape sent = figures[i];
+        VelROI record;
+        KDRShape returned;
+        converter.ShapeToROI(sent, &record);
+        converter.ROIToShape(record, &returned);
+
+        unsigned int const column[] = {sent.shapeType(), record.ROIType(), returned.shapeType(),
+                                       isSame(sent, returned) ? 1U : 0U};
+        for (int row = 0; row < 4; ++row) {
+            KDRNumber cell(static_cast<int>(column[row]));
+            conversions.replace(row, i, cell);
+        }
+    }
+
+    Values values = given;
+    values["conversions"] = conversions;
     return values;
 }
 
 Values drawParts(Values const& given)
 {
-    KDRImage const image = valueOf(given, "image", &KDRVariant::toImage);
-    KDRContourArray const outlines = valueOf(given, "outlines", &KDRVariant::toContourArray);
-    KDRPointArray const centres = valueOf(given, "centres", &KDRVariant::toPointArray);
+    KDRMatrix features = valueOf(given, "features", &KDRVariant::toMatrix);
+    KDRNumberArray x;
+    KDRNumberArray y;
+    features.getRowData(0, &x);
+    features.getRowData(1, &y);
 
-    cv::Scalar const green(90, 230, 60);
-    cv::Scalar const white(255, 255, 255);
-    cv::Scalar const black(0, 0, 0);
-    int const side = std::min(image.width(), image.height());
-    int const width = std::max(1, side / 300);
-    double const letter = std::max(0.35, side / 900.0);
-
-    cv::Mat drawing = colourOf(image);
-    for (int i = 0; i < outlines.length(); ++i) {
-        cv::polylines(drawing, pointsOf(outlines[i]), true, green, width, cv::LINE_AA);
-
-        std::string const number = std::to_string(i + 1);
-        int base = 0;
-        cv::Size const size =
-            cv::getTextSize(number, cv::FONT_HERSHEY_SIMPLEX, letter, width, &base);
-        cv::Point const start(cvRound(centres[i].x() - size.width / 2.0),
-                              cvRound(centres[i].y() + size.height / 2.0));
-        cv::putText(drawing, number, start, cv::FONT_HERSHEY_SIMPLEX, letter, black, width + 2,
-                    cv::LINE_AA);
-        cv::putText(drawing, number, start, cv::FONT_HERSHEY_SIMPLEX, letter, white, width,
-                    cv::LINE_AA);
-    }
+    Drawing drawing(valueOf(given, "image", &KDRVariant::toImage));
+    drawing.draw(valueOf(given, "rectangles", &KDRVariant::toShapeArray));
+    drawing.draw(valueOf(given, "circles", &KDRVariant::toShapeArray));
+    drawing.draw(valueOf(given, "parts", &KDRVariant::toShape));
+    for (int i = 0; i < x.length(); ++i)
+        drawing.write({x[i].toDouble(), y[i].toDouble()}, std::to_string(i + 1));
 
     Values values = given;
-    values["drawing"] = imageOf(drawing);
+    values["drawing"] = drawing.image();
+    return values;
+}
+
+Values packParts(Values const& given)
+{
+    KDRVariantArray results = recipeOf(given, {"features", "roundness", "conversions"});
+    KDRVariantArray const largest = largestPart(given);
+    if (largest.length() > 0)
+        add(results, "largest part", largest);
+    KDRVariantArray flags = recipeOf(given, {"is round"});
+    add(flags, "all inside", valueOf(given, "cut", &KDRVariant::toNumber).toInt() == 0);
+
+    // A variant array goes in as one value only if it is made a variant first: given as it is,
+    // push_back() appends its elements.
+    KDRVariantArray recipe;
+    add(recipe, "parameters", recipeOf(given, {"path", "level", "smallest", "round from"}));
+    add(recipe, "shapes", recipeOf(given, {"mask", "parts", "circles", "rectangles"}));
+    add(recipe, "results", results);
+    add(recipe, "flags", flags);
+
+    Values values = given;
+    values["recipe"] = recipe;
     return values;
 }
 

@@ -1,27 +1,11 @@
 #ifndef EXAMPLES_INSPECT_TOOLS_H
 #define EXAMPLES_INSPECT_TOOLS_H
 
-#include <map>
-#include <stdexcept>
-#include <string>
+#include "flow.h"
 
-#include <kdrdata/kdrdata.h>
+// The tools that find the parts in a picture, in the order in which they run.
 
 namespace inspect {
-
-/// The values of a flow by name. Copying them copies handles: every store is shared.
-using Values = std::map<std::string, KDRVariant>;
-
-/// A tool reads the values it needs by name and answers all it was given with its results added.
-/// It throws Failure where it cannot do its work.
-using Tool = Values (*)(Values const& given);
-
-/// Why a tool could not do its work, in one line for the user.
-class Failure : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// "path" (string): read the picture. Adds "image" (image).
 Values loadImage(Values const& given);
@@ -31,36 +15,41 @@ Values loadImage(Values const& given);
 Values flattenGround(Values const& given);
 
 /// "relief": propose what the user has not given. Adds "level" (number): the grey value of the
-/// relief above which a pixel belongs to a part; and "smallest" (number): the area in square pixels
-/// below which a part counts as dirt.
+/// relief above which a pixel belongs to a part; "smallest" (number): the area in square pixels
+/// below which a part counts as dirt; and "round from" (number): the roundness from which on a part
+/// counts as round.
 Values proposeParameters(Values const& given);
 
-/// "relief", "level": tell parts from ground. Adds "mask" (image, one 8-bit channel, 255 and 0).
+/// "relief", "level": tell parts from ground. Adds "mask" (shape, a region).
 Values threshold(Values const& given);
 
-/// "mask", "smallest": find the parts, in reading order. Adds "outlines" (contour array) and
-/// "cut" (number): how many parts were left out because the picture's edge cuts them.
+/// "mask", "smallest": find the parts, in reading order. Adds "outlines" (contour array), "parts"
+/// (shape, the region of all parts) and "cut" (number): how many parts were left out because the
+/// picture's edge cuts them.
 Values findParts(Values const& given);
 
-/// "outlines": measure the parts. Adds "centres" (point array) and "areas" (number array), in the
+/// "outlines": fit a figure to each part. Adds "circles" and "rectangles" (shape arrays), in the
 /// order of the outlines.
+Values fitFigures(Values const& given);
+
+/// "outlines", "round from": measure the parts. Adds "features" (matrix): a column for each part
+/// with its centre's x and y in pixels and its area in square pixels; "roundness" (number array): 1
+/// for a disk, less for anything else; and "is round" (bool array).
 Values measureParts(Values const& given);
 
-/// "image", "outlines", "centres": draw what was found. Adds "drawing" (image, three 8-bit
-/// channels).
+/// "circles", "rectangles", "parts": send them, and one figure of each of some other kinds, to the
+/// core library's region-of-interest record and back. Adds "conversions" (matrix): a column for
+/// each figure with the kind sent, the record's type, the kind that came back, and 1 where the
+/// figure came back unchanged.
+Values convertFigures(Values const& given);
+
+/// "image", "parts", "circles", "rectangles", "features": draw what was found. Adds "drawing"
+/// (image, three 8-bit channels).
 Values drawParts(Values const& given);
 
-/// The value called @p name, read with the variant's reader of its type. Throws Failure where there
-/// is none or it has another kind.
-template <typename Value>
-Value valueOf(Values const& values, char const* name, bool (KDRVariant::*reader)(Value*) const)
-{
-    Value value;
-    auto const found = values.find(name);
-    if (found == values.end() || !(found->second.*reader)(&value))
-        throw Failure(std::string("a tool misses the value '") + name + "'");
-    return value;
-}
+/// All that was found: put it into one value, to be stored or shown. Adds "recipe" (variant array);
+/// see recipe.h.
+Values packParts(Values const& given);
 
 } // namespace inspect
 
