@@ -112,8 +112,8 @@ KDRVariant KDRVariant::clone() const
     KDRVariant copy;
     KDRVariantPrivate& store = storeOf(copy.d);
     store = storeOf(d);
-    // Assignment carries more than a copy does: a clone is made by the one and carries what the
-    // other does.
+    // Assignment copies clouds and their arrays too; a clone has none of the payloads that copy
+    // construction loses.
     if (isLostByConstruction(store.variantType()))
         store.clear();
     return copy;

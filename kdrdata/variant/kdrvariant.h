@@ -55,19 +55,19 @@ struct KDRInternal;
 /// value (copy on write). Only clone() makes a deep copy.
 ///
 /// **Writers** (`from...`) take a copy of the value, made by its class's copy constructor; a
-/// variant may be given its own payload. Where the copy throws, a handle that did not share its
-/// store keeps its value.
+/// variant may be given its own payload. Where the copy throws, the handle keeps its value.
 ///
 /// **Readers** (`to...`) copy the payload into the output by the payload class's assignment and
-/// answer true, if the variant holds the kind they read and the output is not null; otherwise they
-/// answer false and leave the output untouched. There is no conversion between kinds: toInt() does
-/// not read a flag or a text. The five numeric readers all read kind 1 and convert as KDRNumber
-/// says.
+/// answer true, if the variant holds the kind they read, its payload was not lost (see clone()) and
+/// the output is not null; otherwise they answer false and leave the output untouched. There is no
+/// conversion between kinds: toInt() does not read a flag or a text. The five numeric readers all
+/// read kind 1 and convert as KDRNumber says.
 ///
 /// **Pointer readers** (`to...Ptr`) put the address of the store's own payload into the reference
 /// and answer true if the kind matches, else answer false and leave the reference untouched. The
 /// object is shared by every handle that shares the store and is never the caller's to delete: it
-/// dies with the store's last handle and with the next writer on an unshared handle.
+/// dies with the store's last handle and with the next writer on an unshared handle. A clone that
+/// lost its payload still matches and hands out null.
 ///
 /// Out of memory is std::bad_alloc; a constructor then leaves nothing behind.
 ///
@@ -109,7 +109,7 @@ public:
     /// A variant of kind 2 holding KDRString(text): UTF-8 up to the terminating zero; null gives a
     /// null string.
     KDRVariant(char const* text);
-    /// A variant of kind 1 holding a copy of @p value, without its range.
+    /// A variant of kind 1 holding a copy of @p value, without its range. Kept on purpose.
     KDRVariant(KDRNumber const& value);
     /// A variant of kind 2 holding a copy of @p value that shares its text.
     KDRVariant(KDRString const& value);
@@ -188,13 +188,14 @@ public:
     /// Gives up this handle's share of the store.
     ~KDRVariant();
 
-    /// Shares the store of @p other and gives up the old one. Locks @p other first, then this
-    /// handle. Kept on purpose. Returns this variant.
+    /// Shares the store of @p other, gives up the old one and returns this variant. Locks @p other
+    /// first, then this handle. Kept on purpose.
     KDRVariant& operator=(KDRVariant const& other);
 
     /// A variant with a store and a payload object of its own. The payload is assigned, not
     /// copy-constructed: a number keeps its range, and what its class shares on assignment (text,
-    /// lists, pixels) stays shared. Takes no lock.
+    /// lists, pixels) stays shared. Takes no lock. Kinds 6, 505, 1007 and 1503 keep their number
+    /// and lose the payload. Kept on purpose.
     KDRVariant clone() const;
 
     /// The kind of the value, 2000 for an empty variant.
@@ -220,7 +221,8 @@ public:
     void fromDouble(double value);
     /// Makes this a variant of kind 0 holding @p value.
     void fromBool(bool value);
-    /// Makes this a variant of kind 1 holding a copy of @p value, without its range.
+    /// Makes this a variant of kind 1 holding a copy of @p value, without its range. Kept on
+    /// purpose.
     void fromNumber(KDRNumber const& value);
     /// Makes this a variant of kind 2 holding a copy of @p value that shares its text.
     void fromString(KDRString const& value);

@@ -30,10 +30,22 @@ bool KDRVariantArray::insert(int index, KDRVariant const& value)
     return KDRListArray::insert(*d, index, value);
 }
 
-bool KDRVariantArray::removeAt(int index) { return KDRListArray::removeAt(*d, index); }
+// The element that goes may own the store that this array lives in; it is kept until the list is
+// done with.
+
+bool KDRVariantArray::removeAt(int index)
+{
+    if (!KDRListArray::contains(*d, index))
+        return false;
+    KDRVariant const last(d->at(index));
+    return KDRListArray::removeAt(*d, index);
+}
 
 bool KDRVariantArray::replace(int index, KDRVariant const& value)
 {
+    if (!KDRListArray::contains(*d, index))
+        return false;
+    KDRVariant const last(d->at(index));
     return KDRListArray::replace(*d, index, value);
 }
 

@@ -21,7 +21,8 @@ struct KDRInternal;
 ///
 /// An array may be an element of another. If an array is reached through
 /// KDRVariant::toVariantArrayPtr() and the variant that holds it is pushed into it, the store holds
-/// itself and is not freed before the element is removed again.
+/// itself and is not freed before the element is removed again. Freeing goes as deep as arrays are
+/// nested: keep that to some thousands of levels, which is what a thread's stack has room for.
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///

@@ -169,16 +169,18 @@ public:
 
     /// A store of its own, count 1, with a deep copy of the payload of @p other: a payload object
     /// is made by default and assigned to, so that a number keeps its range. A null payload gives a
-    /// null payload of the same kind.
+    /// null payload of the same kind, and so do kinds 6, 505, 1007 and 1503 and numbers that the
+    /// library does not know. Kept on purpose.
     KDRVariantPrivate(KDRVariantPrivate const& other);
     /// Frees the payload. Whoever shares a store gives it up with decRef() instead.
     ~KDRVariantPrivate();
 
     /// Frees the payload, then takes over kind and `disposed` flag of @p other and a deep copy of
-    /// its payload; the count is not touched. A null payload gives a null payload of the same kind,
-    /// and so does assigning a store to itself, whose payload is gone by then. Where the copy
-    /// throws, this store has the kind of @p other and no payload. Kept on purpose. Returns this
-    /// store.
+    /// its payload, and returns this store; the count is not touched. A null payload gives a null
+    /// payload of the same kind, and so do kinds 505 and 1503 and numbers that the library does not
+    /// know, but not 6 and 1007; so does assigning a store to itself, whose payload is gone by
+    /// then. Where the copy throws, this store has the kind of @p other and no payload. Kept on
+    /// purpose.
     KDRVariantPrivate& operator=(KDRVariantPrivate const& other);
 
     /// The kind.

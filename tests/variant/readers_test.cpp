@@ -107,6 +107,11 @@ TEST(Readers, AnswerNoOnEveryKindOnceThePayloadIsGone)
             EXPECT_EQ(reader.read(variant), reader.untouched());
             EXPECT_EQ(reader.readStore(store), reader.untouched());
         }
+        for (ScalarReader const& reader : scalarReaders) {
+            SCOPED_TRACE(reader.name + (" on kind " + std::to_string(sample.kind)));
+            EXPECT_EQ(reader.read(variant), (Reading{false, untouchedNumber}));
+            EXPECT_EQ(reader.readStore(store), (Reading{false, untouchedNumber}));
+        }
     }
 }
 
@@ -331,6 +336,15 @@ TEST(DeepCopies, CarryThePayloadOfEveryKindButTheOnesTheyLose)
         KDRVariant const clone = original.clone();
         expectCopy(VariantAccess::store(clone), row, row.copied);
     }
+}
+
+TEST(DeepCopies, APointerReaderOnACloneThatLostItsPayloadAnswersTrueAndHandsOutNull)
+{
+    KDRVariant clone = KDRVariant(KDRContour3DArray()).clone();
+    KDRContour3DArray other;
+    KDRContour3DArray* pointer = &other;
+    EXPECT_TRUE(clone.to3DContourArrayPtr(pointer));
+    EXPECT_EQ(pointer, nullptr);
 }
 
 TEST(DeepCopies, OfEmptyAndUnknownKindsHaveNoPayload)

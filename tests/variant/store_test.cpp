@@ -326,15 +326,40 @@ TEST(Store, AssignmentCopiesTheDisposedFlag)
     EXPECT_FALSE(VariantAccess::disposed(*std::make_unique<KDRVariantPrivate>(source)));
 }
 
+TEST(Store, ADualQuaternionTravelsWithItsOneFieldThoughItsAssignmentCopiesNothing)
+{
+    // No object of this version has anything in the field; only compared, never followed.
+    int mark = 0;
+    KDRDualQuaternion marked;
+    KDRInternal::pointer(marked) = &mark;
+    auto const fieldIn = [](KDRVariantPrivate const& store) {
+        KDRDualQuaternion out;
+        EXPECT_TRUE(store.toDualQuaternion(&out));
+        return KDRInternal::pointer(out);
+    };
+    KDRVariantPrivate store;
+    store.fromDualQuaternion(marked);
+    EXPECT_EQ(fieldIn(store), &mark);
+    EXPECT_EQ(fieldIn(KDRVariantPrivate(store)), &mark);
+    KDRVariantPrivate assigned;
+    assigned = store;
+    EXPECT_EQ(fieldIn(assigned), &mark);
+    KDRVariant variant;
+    variant.fromDualQuaternion(marked);
+    EXPECT_EQ(fieldIn(VariantAccess::store(variant.clone())), &mark);
+}
+
 TEST(Store, FieldsLieInTheirOrder)
 {
-    // Count, kind, payload, mutex, flag: what a debugger's pretty printer relies on.
+    // Count, kind, payload, mutex, flag.
     KDRVariantPrivate store(true);
     auto const* const begin = reinterpret_cast<char const*>(&store);
     auto const* const kind = reinterpret_cast<char const*>(&VariantAccess::kind(store));
     auto const* const payload = reinterpret_cast<char const*>(&VariantAccess::payload(store));
     EXPECT_EQ(kind - begin, 4);
     EXPECT_EQ(payload - begin, 8);
+    auto const* const disposed = reinterpret_cast<char const*>(&VariantAccess::disposed(store));
+    EXPECT_GE(disposed - payload, static_cast<int>(sizeof(void*) + sizeof(QMutex)));
     EXPECT_EQ(sizeof(KDRVariantPrivate), 4 + 4 + sizeof(void*) + sizeof(QMutex) + sizeof(void*));
 }
 

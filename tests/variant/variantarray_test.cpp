@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "../contract/arraysuite.h"
+#include "../contract/listarraysuite.h"
 #include "../support/allocations.h"
 #include "kindtable.h"
 
@@ -17,6 +18,7 @@ struct VariantArrayTraits
     using Element = KDRVariant;
     static constexpr bool insertsAtEnd = false;
     static KDRVariant make(int n) { return KDRVariant(n); }
+    static bool isDefault(KDRVariant const& value) { return value.variantType() == KindNone; }
     static int read(KDRVariant const& value)
     {
         int n = -1;
@@ -27,6 +29,7 @@ struct VariantArrayTraits
 
 using VariantArrays = testing::Types<VariantArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(VariantArrays, ArrayContract, VariantArrays, );
+INSTANTIATE_TYPED_TEST_SUITE_P(VariantArrays, ListArrayContract, VariantArrays, );
 
 int handlesOn(KDRVariant const& variant) { return VariantAccess::store(variant).refCount(); }
 
@@ -229,6 +232,32 @@ TEST(VariantArray, AHolderPushedIntoItsOwnArrayIsFreedOnceTheElementIsRemoved)
         EXPECT_EQ(arrayIn(inner).length(), 0);
     }
     EXPECT_EQ(allocations::live(), before);
+}
+
+TEST(VariantArray, TheElementThatOwnsTheArrayMayBeTakenOutOfIt)
+{
+    auto const removals = {
+        +[](KDRVariantArray& array) { EXPECT_TRUE(array.removeAt(0)); },
+        +[](KDRVariantArray& array) { EXPECT_TRUE(array.replace(0, KDRVariant(7))); },
+        +[](KDRVariantArray& array) { array.clear(); },
+        +[](KDRVariantArray& array) { array = KDRVariantArray(); },
+        +[](KDRVariantArray& array) {
+            KDRVariant out;
+            EXPECT_TRUE(array.select(0, &out));
+            array.clear();
+        }};
+    for (auto const removal : removals) {
+        long const before = allocations::live();
+        KDRVariantArray* array = nullptr;
+        {
+            KDRVariant holder{KDRVariantArray()};
+            array = &arrayIn(holder);
+            array->push_back(holder);
+        }
+        EXPECT_GT(allocations::live(), before) << "the array holds itself";
+        removal(*array);
+        EXPECT_EQ(allocations::live(), before);
+    }
 }
 
 TEST(VariantArray, InsertThatFailsTakesItsPlaceBack)
