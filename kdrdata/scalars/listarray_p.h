@@ -6,7 +6,8 @@
 /// The contract of the arrays that keep their elements in a QList, told once.
 ///
 /// Every operation takes the list or the owning pointer of a handle. An element handed in may be a
-/// reference into the same list: QList copies it before it moves anything.
+/// reference into the same list: QList copies it before it moves elements that lie in the list
+/// itself, and all others lie in nodes, which do not move.
 namespace KDRListArray {
 
 template <class Element>

@@ -8,6 +8,7 @@
 #include <QtCore/qlist.h>
 
 #include "../contract/arraysuite.h"
+#include "../contract/listarraysuite.h"
 #include "../support/qtprinters.h"
 
 namespace {
@@ -23,11 +24,13 @@ struct EnumArrayTraits
         selection.setCurrentVal(number);
         return selection;
     }
+    static bool isDefault(KDREnum const& value) { return value.currentVal() == -1; }
     static int read(KDREnum const& selection) { return selection.currentVal(); }
 };
 
 using EnumArrays = testing::Types<EnumArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(EnumArrays, ArrayContract, EnumArrays, );
+INSTANTIATE_TYPED_TEST_SUITE_P(EnumArrays, ListArrayContract, EnumArrays, );
 
 bool shareStorage(KDREnumArray const& a, KDREnumArray const& b)
 {

@@ -6,6 +6,7 @@
 #include <QtCore/qlist.h>
 
 #include "../contract/arraysuite.h"
+#include "../contract/listarraysuite.h"
 
 namespace {
 
@@ -15,11 +16,13 @@ struct NumberArrayTraits
     using Element = KDRNumber;
     static constexpr bool insertsAtEnd = false;
     static KDRNumber make(int number) { return {number}; }
+    static bool isDefault(KDRNumber const& value) { return value.toDouble() == 0.0; }
     static int read(KDRNumber const& number) { return number.toInt(); }
 };
 
 using ListArrays = testing::Types<NumberArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(ListArrays, ArrayContract, ListArrays, );
+INSTANTIATE_TYPED_TEST_SUITE_P(ListArrays, ListArrayContract, ListArrays, );
 
 bool shareStorage(KDRNumberArray const& a, KDRNumberArray const& b)
 {

@@ -2,6 +2,7 @@
 #include <kdrdata/text/kdrbufferarray.h>
 
 #include "../contract/arraysuite.h"
+#include "../contract/listarraysuite.h"
 #include "../support/qtprinters.h"
 #include "../support/qtvalues.h"
 
@@ -20,11 +21,13 @@ struct BufferArrayTraits
     using Element = KDRBuffer;
     static constexpr bool insertsAtEnd = false;
     static KDRBuffer make(int number) { return {std::to_string(number).c_str(), -1}; }
+    static bool isDefault(KDRBuffer const& value) { return value.isNull(); }
     static int read(KDRBuffer const& buffer) { return std::stoi(buffer.constData()); }
 };
 
 using BufferArrays = testing::Types<BufferArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(BufferArray, ArrayContract, BufferArrays, );
+INSTANTIATE_TYPED_TEST_SUITE_P(BufferArray, ListArrayContract, BufferArrays, );
 
 KDRBufferArray arrayOf(std::initializer_list<KDRBuffer> elements)
 {

@@ -12,6 +12,7 @@
 #include <type_traits>
 
 #include "../contract/arraysuite.h"
+#include "../contract/listarraysuite.h"
 #include "../support/qtprinters.h"
 
 namespace {
@@ -27,11 +28,13 @@ struct StringArrayTraits
         KDRInternal::wrapped(text) = QString::number(number);
         return text;
     }
+    static bool isDefault(KDRString const& value) { return value.isNull(); }
     static int read(KDRString const& text) { return KDRInternal::wrapped(text).toInt(); }
 };
 
 using ListArrays = testing::Types<StringArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(StringArray, ArrayContract, ListArrays, );
+INSTANTIATE_TYPED_TEST_SUITE_P(StringArray, ListArrayContract, ListArrays, );
 
 KDRStringArray arrayOf(std::initializer_list<char const*> texts)
 {
