@@ -78,7 +78,9 @@ float narrowed(double value)
 
 void writeFloat(unsigned char* element, VelVar const& variable)
 {
-    float const value = narrowed(variable.D());
+    // By way of a double a large integer would be rounded twice.
+    float const value = variable.ValType() == integerValue ? static_cast<float>(variable.L())
+                                                           : narrowed(variable.D());
     std::memcpy(element, &value, sizeof value);
 }
 

@@ -10,8 +10,7 @@ struct KDRInternal;
 
 /// A dual quaternion: a rotation and a translation in space.
 ///
-/// The one field, a pointer kept for the data of a later version, is null in every object and is
-/// never followed.
+/// The one field, a pointer, is null in every object and never followed.
 ///
 /// This version carries no data: every operation ignores its arguments, and the answers are
 /// constants, not errors. Kept on purpose.

@@ -15,8 +15,10 @@ struct KDRInternal;
 /// the storage. Indexes are `int`, counted from 0.
 ///
 /// Length and positions are real, but the elements carry nothing in this version: replace() and
-/// select() answer as in every array and change no value. Kept on purpose. Out of memory is
-/// std::bad_alloc.
+/// select() answer as in every array and change no value. Kept on
+/// purpose.
+///
+/// Out of memory is std::bad_alloc.
 ///
 /// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
 /// read from several threads while nobody changes it, and operator[]() counts as a change.

@@ -81,7 +81,7 @@ public:
     /// Answers 0.0 for every position. Kept on purpose.
     double getValue(int, int) const;
     /// The number 0 with the default range, for every index: a default number. A copy made of it
-    /// leaves the range behind, as every copy of a number does.
+    /// leaves the range behind, as every copy of a number does. Kept on purpose.
     KDRNumber GetParaValue(int) const;
     /// Answers null. Kept on purpose.
     void* dataPtr() const;

@@ -100,7 +100,8 @@ void replacementMustFit(QString const& text, QRegExp const& rx, QString const& a
     long long const most = text.size() + 1LL;
     if (captured + most * after.size() <= INT_MAX)
         return;
-    QRegExp counter(rx);
+    QRegExp counter(rx.pattern(), rx.caseSensitivity(), rx.patternSyntax());
+    counter.setMinimal(rx.isMinimal());
     long long count = 0;
     for (int at = counter.indexIn(text); at >= 0;
          at = counter.indexIn(text, at + std::max(1, counter.matchedLength())))

@@ -45,8 +45,8 @@ public:
     /// | 9 irregular | `GenIrregular`, also for no points |
     /// | 99 empty | a default record |
     ///
-    /// The record stays as it was for every other kind. That includes regions (10): their pixels do
-    /// not reach the record. Kept on purpose. Answers 0.
+    /// Answers 0. The record stays as it was for every other kind. That includes regions (10):
+    /// their pixels do not reach the record. Kept on purpose.
     int ShapeToROI(KDRShape& shape, VelROI* roi);
 
     /// Makes @p shape what @p roi holds, by the type code of the record:
@@ -66,9 +66,9 @@ public:
     /// | 10 point | nothing: KDRShape::fromPoint() stores nothing |
     /// | 11 region | kind 10 with an empty region: no pixels are taken over |
     ///
-    /// Types 0 and 10 make the shape stop sharing its record, so a shared shape becomes empty (kind
-    /// 99). All three exceptions are kept on purpose. The shape stays as it was for types above 11.
-    /// Answers 0.
+    /// Answers 0. The shape stays as it was for types above 11. Types 0 and 10 make the shape stop
+    /// sharing its record, so a shared shape becomes empty (kind 99). These and the empty region
+    /// are kept on purpose.
     int ROIToShape(VelROI& roi, KDRShape* shape);
 
     /// Writes nothing and answers 0. Kept on purpose.

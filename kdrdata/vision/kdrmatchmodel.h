@@ -37,8 +37,8 @@ public:
 
     /// The core library's code for the type of the model (its `ModelType`).
     int ModelType() const;
-    /// The length in bytes of what GetData() writes (the core model's `GetLenth`; the spelling is
-    /// the interface's own).
+    /// The length in bytes of what GetData() writes (the core model's `GetLenth`). The spelling is
+    /// the interface's own. Kept on purpose.
     unsigned long long GetLenth() const;
     /// Writes the model to @p data, which must have room for GetLenth() bytes (the core model's
     /// `GetData`). Returns the core library's result: non-zero for success, 0 for a null pointer.

@@ -84,7 +84,10 @@ bool contains(VelMatrix const& matrix, int row, int col)
 } // namespace
 
 KDRMatrix::KDRMatrix() : d(new VelMatrix) {}
-KDRMatrix::KDRMatrix(int rows, int cols, KDRMatrixType type) : d(new VelMatrix(rows, cols, type)) {}
+KDRMatrix::KDRMatrix(int rows, int cols, KDRMatrixType type)
+    : d(new VelMatrix(rows, cols, static_cast<VelDataType>(type)))
+{
+}
 
 KDRMatrix::KDRMatrix(KDRMatrix const& other) : d(nullptr)
 {
@@ -107,7 +110,7 @@ KDRMatrix& KDRMatrix::operator=(KDRMatrix const& other)
 
 int KDRMatrix::setMatrix(int rows, int cols, KDRMatrixType type)
 {
-    return d->SetMatrix(rows, cols, type);
+    return d->SetMatrix(rows, cols, static_cast<VelDataType>(type));
 }
 
 int KDRMatrix::rows() const { return d->Rows(); }
@@ -139,12 +142,16 @@ bool KDRMatrix::replace(int row, int col, KDRNumber& value)
     if (!contains(*d, row, col))
         return false;
     switch (value.numType()) {
-    case integerValue:
-        d->Replace(row, col, VelVar(value.toLong()));
+    case integerValue: {
+        VelVar integer(value.toLong());
+        d->Replace(row, col, integer);
         return true;
-    case floatingValue:
-        d->Replace(row, col, VelVar(value.toDouble()));
+    }
+    case floatingValue: {
+        VelVar floating(value.toDouble());
+        d->Replace(row, col, floating);
         return true;
+    }
     default:
         return false;
     }

@@ -78,9 +78,9 @@ public:
     /// elements that are no numbers (core `Select`).
     bool select(int row, int col, KDRNumber* out) const;
     /// Sets the element at (@p row, @p col) to @p value; how it is brought to the element type is
-    /// the core library's matter (rounded and saturated). Answers true whatever the core library
-    /// does with it, and false with nothing changed for a position outside the matrix. Kept on
-    /// purpose. (core `Replace`)
+    /// the core library's matter (`Replace`: rounded and saturated). Answers true whatever the core
+    /// library does with it, and false with nothing changed for a position outside the matrix. Kept
+    /// on purpose.
     bool replace(int row, int col, KDRNumber& value);
 
     /// Replaces the contents of @p out by the elements of a row, in order: integers for integer

@@ -21,7 +21,11 @@ KDRPointArray& KDRPointArray::operator=(KDRPointArray const& other)
 
 int KDRPointArray::length() const { return d->Length(); }
 
-void KDRPointArray::push_back(KDRPoint const& value) { d->Append(KDRCoreArray::core(value)); }
+void KDRPointArray::push_back(KDRPoint const& value)
+{
+    VelPoint point = KDRCoreArray::core(value);
+    d->Append(point);
+}
 void KDRPointArray::push_back(KDRPointArray const& other) { d->Append(*other.d); }
 
 bool KDRPointArray::removeAt(int index) { return KDRCoreArray::removeAt(*d, index); }

@@ -14,15 +14,13 @@
 
 namespace {
 
-/// The first @p length numbers of a list, with 0 for those that it does not have. Reads in place:
-/// the numbers are not copied and a shared list stays shared.
-VelVarArray coreColumn(KDRNumberArray const& column, int length)
+/// Fills @p values with the first @p length numbers of a list, with 0 for those that it does not
+/// have. Reads in place: the numbers are not copied and a shared list stays shared.
+void fill(VelVarArray& values, KDRNumberArray const& column, int length)
 {
     QList<KDRNumber> const& numbers = KDRInternal::wrapped(column);
-    VelVarArray values;
     for (int i = 0; i < length; ++i)
         values.Append(VelVar(i < numbers.size() ? numbers.at(i).toLong() : 0L));
-    return values;
 }
 
 } // namespace
@@ -60,9 +58,12 @@ void KDRRegion::fromRunLengthEncodeing(KDRNumberArray& rows, KDRNumberArray& fir
     int const length = rows.length();
     Q_ASSERT(firstColumns.length() >= length);
     Q_ASSERT(lastColumns.length() >= length);
-    VelVarArray const first = coreColumn(rows, length);
-    VelVarArray const second = coreColumn(firstColumns, length);
-    VelVarArray const third = coreColumn(lastColumns, length);
+    VelVarArray first;
+    VelVarArray second;
+    VelVarArray third;
+    fill(first, rows, length);
+    fill(second, firstColumns, length);
+    fill(third, lastColumns, length);
     auto region = width >= 0 ? std::make_unique<VelRegion>(width, height, first, second, third)
                              : std::make_unique<VelRegion>(first, second, third);
     delete d;

@@ -68,11 +68,12 @@ public:
     /// on purpose.
     ///
     /// Takes time in proportion to the number of runs where they come in order of row and column.
-    /// Throws std::bad_alloc where memory runs out; the region is then what it was.
+    /// Throws std::bad_alloc where memory runs out; the region is then what it was. The spelling is
+    /// the interface's own. Kept on purpose.
     void fromRunLengthEncodeing(KDRNumberArray& rows, KDRNumberArray& firstColumns,
                                 KDRNumberArray& lastColumns, int width, int height);
     /// Replaces the contents of the three lists by the region's runs, as integers without a range,
-    /// in the order of the core region's `GetRegionRuns`. Always answers true.
+    /// in the order of the core region's `GetRegionRuns`. Always answers true. Kept on purpose.
     ///
     /// None of the lists may be null (asserted in debug builds). Each should be another one: a list
     /// given more than once receives the numbers of its columns in turn, run by run.

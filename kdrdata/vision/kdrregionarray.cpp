@@ -47,10 +47,7 @@ bool KDRRegionArray::swap(int i, int j) { return KDRCoreArray::swap(*d, i, j); }
 
 KDRRegion KDRRegionArray::operator[](int index) const
 {
-    Q_ASSERT(KDRCoreArray::contains(*d, index));
-    KDRRegion element;
-    KDRCoreArray::core(element) = (*d)[index];
-    return element;
+    return KDRCoreArray::at<KDRRegion>(d, index);
 }
 
 void KDRRegionArray::toUnionedRegion(KDRRegion* region) const

@@ -46,6 +46,7 @@ public:
                               KDRPointArray& found, KDRNumberArray& foundAngles);
 
     /// Replaces the contents of @p matrices, which must not be null, by a copy of the sequence.
+    /// Not for constant alignments. Kept on purpose.
     void toMatrixArray(KDRMatrixArray* matrices);
     /// Replaces the sequence by a copy of @p matrices, and answers false all the same. Kept on
     /// purpose.

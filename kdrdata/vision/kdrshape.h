@@ -37,8 +37,9 @@ struct KDRInternal;
 ///
 /// **Getters** (`to...`) answer true if the shape is of their kind, and then copy the stored fields
 /// into the outputs by the outputs' assignment; otherwise they answer false and leave the outputs
-/// untouched. A null output is passed over. Points that were stored in a list carry coordinates
-/// only; a single point carries its ranges too.
+/// untouched. A null output is passed over. Where memory runs out, a getter throws std::bad_alloc;
+/// some outputs may then be written, and no cells of a grid. Points that were stored in a list
+/// carry coordinates only; a single point carries its ranges too.
 ///
 /// @code
 /// KDRPoint centre(192.0, 151.5);
@@ -160,7 +161,7 @@ public:
     /// parameters and the count come back as given, and one shape of kind 4 per cell is appended to
     /// @p cells, which is not cleared first. Cells are made of the first @p count centres, or of
     /// all where the count is -1 or larger than their number; a count of 0 or any other negative
-    /// one makes none.
+    /// one makes none. Kept on purpose.
     bool toRect2Matrix(KDRShapeArray* cells, KDRPointArray* centres, double* halfLength,
                        double* halfWidth, double* angle, int* count) const;
     /// Reads kind 15 by the rules of toRect2Matrix(); each cell is a shape of kind 3 from 0.0 to

@@ -105,8 +105,8 @@ void KDRShapePrivate::decRef()
 
 unsigned int KDRShapePrivate::shapeType() const { return m_kind; }
 
-// The generators write what may run out of memory first and the kind last, so that a failure leaves
-// the record as it was.
+// The generators write first what may run out of memory, and what cannot fail, the kind among it,
+// after that, so that a failure leaves the record as it was.
 
 void KDRShapePrivate::storeTwo(KDRShapeKind kind, KDRPoint const& first, KDRPoint const& second)
 {

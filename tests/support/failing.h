@@ -13,7 +13,7 @@
 template <class Operation, class Check>
 int failAtEveryAllocation(Operation const& operation, Check const& check)
 {
-    for (int successes = 0; successes < 1000; ++successes) {
+    for (int successes = 0; successes < 10000; ++successes) {
         long const before = allocations::live();
         try {
             allocations::FailAfter const limit(successes);

@@ -230,8 +230,8 @@ TEST(Region, ShorterListsAreAssertedInDebugBuildsAndCountAsZeroInOthers)
     shorter.push_back(KDRNumber(-3));
     KDRRegion region;
 #ifndef NDEBUG
-    EXPECT_DEATH(region.fromRunLengthEncodeing(lists.rows, shorter, lists.lasts, 1, 1), "");
-    EXPECT_DEATH(region.fromRunLengthEncodeing(lists.rows, lists.firsts, shorter, 1, 1), "");
+    EXPECT_DEATH(region.fromRunLengthEncodeing(lists.rows, shorter, lists.lasts, 1, 1), "ASSERT");
+    EXPECT_DEATH(region.fromRunLengthEncodeing(lists.rows, lists.firsts, shorter, 1, 1), "ASSERT");
 #else
     region.fromRunLengthEncodeing(lists.rows, shorter, lists.lasts, 1, 1);
     EXPECT_EQ(runsOf(region), Runs({{1, -3, -1}, {2, 0, 5}}));
@@ -245,9 +245,9 @@ TEST(Region, NullOutputsAreAssertedInDebugBuilds)
 {
     KDRRegion const region = regionOf(someRuns);
     KDRNumberArray a, b;
-    EXPECT_DEATH(region.toRunLengthEncodeing(nullptr, &a, &b), "");
-    EXPECT_DEATH(region.toRunLengthEncodeing(&a, nullptr, &b), "");
-    EXPECT_DEATH(region.toRunLengthEncodeing(&a, &b, nullptr), "");
+    EXPECT_DEATH(region.toRunLengthEncodeing(nullptr, &a, &b), "ASSERT");
+    EXPECT_DEATH(region.toRunLengthEncodeing(&a, nullptr, &b), "ASSERT");
+    EXPECT_DEATH(region.toRunLengthEncodeing(&a, &b, nullptr), "ASSERT");
 }
 #endif
 

@@ -1,6 +1,7 @@
 #include <kdrdata/vision/kdrregionarray.h>
 
 #include "../support/allocations.h"
+#include "../support/failing.h"
 #include "regions.h"
 
 #include <gtest/gtest.h>
@@ -20,28 +21,6 @@ Runs rowsOfPixels(int count)
     for (int i = 0; i < count; ++i)
         runs.push_back({i, 0, i});
     return runs;
-}
-
-/// Lets the first, the second, ... allocation of an operation fail until none is left to fail.
-/// After each failure nothing must have leaked, and @p untouched says whether all is well.
-template <class Operation, class Untouched>
-void failAtEveryAllocation(Operation operation, Untouched untouched)
-{
-    for (int successes = 0; successes < 10000; ++successes) {
-        SCOPED_TRACE(testing::Message() << "after " << successes << " allocations");
-        long const live = allocations::live();
-        try {
-            allocations::FailAfter const failing(successes);
-            operation();
-            EXPECT_GT(successes, 0) << "nothing was allocated";
-            return;
-        } catch (std::bad_alloc const&) {
-            EXPECT_EQ(allocations::live(), live);
-        }
-        untouched();
-        ASSERT_FALSE(testing::Test::HasFailure());
-    }
-    FAIL() << "did not come to an end";
 }
 
 void expectRegion(KDRRegion region, Runs const& runs, int width, int height)

@@ -171,51 +171,6 @@ TEST(Shape3D, EveryGetterButTheLabelsAnswersFalseAndWritesNothing)
     expectNoGetterReads<KDRShapePrivate>();
 }
 
-// The parameter lists, as the callers' code has them.
-TEST(Shape3D, ParameterListsAreFixed)
-{
-    using V = KDRVector3d;
-    using S = KDRShape;
-    void (S::*const point)(V&) = &S::from3DPoint;
-    void (S::*const twoVectors[])(V&, V&) = {&S::from3DLine, &S::from3DLineSegment,
-                                             &S::from3DPlane};
-    void (S::*const oneFloat)(V&, V&, float) = &S::from3DCircle;
-    void (S::*const twoFloats[])(V&, V&, float, float) = {&S::from3DEllipse, &S::from3DRect,
-                                                          &S::from3DCylinder};
-    void (S::*const threeFloats[])(V&, V&, float, float, float) = {&S::from3DArc,
-                                                                   &S::from3DEllipticCylinder};
-    void (S::*const fourFloats[])(V&, V&, float, float, float,
-                                  float) = {&S::from3DAnnulus, &S::from3DTorus, &S::from3DCone};
-    void (S::*const fiveFloats)(V&, V&, float, float, float, float, float) = &S::from3DTube;
-    void (S::*const threeVectors[])(V&, V&, V&) = {&S::from3DTriangle, &S::from3DBox,
-                                                   &S::from3DEllipsoid};
-    void (S::*const sphere)(V&, float) = &S::from3DSphere;
-    void (S::*const polygon)(KDRVector3dArray&) = &S::from3DPolygon;
-    void (S::*const lineSet)(KDR3DLineSet&) = &S::from3DLineSet;
-    EXPECT_TRUE(point && twoVectors[0] && oneFloat && twoFloats[0] && threeFloats[0] &&
-                fourFloats[0] && fiveFloats && threeVectors[0] && sphere && polygon && lineSet);
-
-    bool (S::*const readPoint)(V*) = &S::to3DPoint;
-    bool (S::*const readTwoVectors[])(V*, V*) = {&S::to3DLine, &S::to3DLineSegment, &S::to3DPlane};
-    bool (S::*const readOneFloat)(V*, V*, float*) = &S::to3DCircle;
-    bool (S::*const readTwoFloats[])(V*, V*, float*, float*) = {&S::to3DEllipse, &S::to3DRect,
-                                                                &S::to3DCylinder};
-    bool (S::*const readThreeFloats[])(V*, V*, float*, float*, float*) = {&S::to3DArc,
-                                                                          &S::to3DEllipticCylinder};
-    bool (S::*const readFourFloats[])(V*, V*, float*, float*, float*, float*) = {&S::to3DAnnulus,
-                                                                                 &S::to3DTorus};
-    bool (S::*const readFiveFloats)(V*, V*, float*, float*, float*, float*, float*) = &S::to3DTube;
-    bool (S::*const readThreeVectors[])(V*, V*, V*) = {&S::to3DTriangle, &S::to3DBox,
-                                                       &S::to3DEllipsoid};
-    bool (S::*const readSphere)(V*, float*) = &S::to3DSphere;
-    bool (S::*const readPolygon)(KDRVector3dArray*) = &S::to3DPolygon;
-    bool (S::*const readLineSet)(KDR3DLineSet*) = &S::to3DLineSet;
-    bool (S::*const readLabel)(V*, KDRString*, KDRFont*) const = &S::to3DText;
-    EXPECT_TRUE(readPoint && readTwoVectors[0] && readOneFloat && readTwoFloats[0] &&
-                readThreeFloats[0] && readFourFloats[0] && readFiveFloats && readThreeVectors[0] &&
-                readSphere && readPolygon && readLineSet && readLabel);
-}
-
 template <class Shape>
 class Shape3DText : public testing::Test
 {

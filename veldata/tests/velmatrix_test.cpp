@@ -314,6 +314,15 @@ TEST(VelMatrix, ReplaceTakesIntegersWhole)
     EXPECT_EQ(static_cast<int const*>(words.MatrixData())[1], INT_MAX);
 }
 
+TEST(VelMatrix, ReplaceRoundsALargeIntegerOnce)
+{
+    long const integer = (1L << 60) + (1L << 36) + 1;
+    VelMatrix matrix(1, 1, VEL_32F);
+    EXPECT_EQ(matrix.Replace(0, 0, VelVar(integer)), 1);
+    EXPECT_EQ(*static_cast<float const*>(matrix.MatrixData()), static_cast<float>(integer));
+    EXPECT_NE(static_cast<float>(integer), static_cast<float>(static_cast<double>(integer)));
+}
+
 TEST(VelMatrix, ReplaceBringsWhatATypeCannotHoldToItsEnds)
 {
     double const infinity = std::numeric_limits<double>::infinity();
