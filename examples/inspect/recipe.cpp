@@ -115,8 +115,12 @@ void add(KDRVariantArray& recipe, std::string const& name, KDRVariant const& val
 KDRVariantArray recipeOf(Values const& values, std::vector<std::string> const& names)
 {
     KDRVariantArray recipe;
-    for (std::string const& name : names)
-        add(recipe, name, values.at(name));
+    for (std::string const& name : names) {
+        auto const found = values.find(name);
+        if (found == values.end())
+            throw Failure("the recipe misses the value '" + name + "'");
+        add(recipe, name, found->second);
+    }
     return recipe;
 }
 
