@@ -92,8 +92,9 @@ void insertAt(QString& text, int i, QString const& inserted)
 // Qt takes every negative size for -1, but not in all of its decoders.
 int knownSize(int size) { return std::max(size, -1); }
 
-// The same for an expression, whose captures can come up in the new text: all of them together at
-// most once for each backslash, since matches do not overlap.
+// Throws std::bad_alloc where replacing what an expression matches may make too many units.
+// Captures can come up in the new text: all of them together at most once for each backslash, since
+// matches do not overlap.
 void replacementMustFit(QString const& text, QRegExp const& rx, QString const& after)
 {
     long long const captured = text.size() * (1LL + after.count('\\'));
