@@ -1,6 +1,8 @@
 #ifndef KDRDATA_KDRINTERNAL_P_H
 #define KDRDATA_KDRINTERNAL_P_H
 
+#include <memory>
+
 /// The library's one way into a handle.
 ///
 /// Every handle keeps what it owns behind one pointer named `d` and befriends this class alone,
@@ -32,6 +34,16 @@ struct KDRInternal
         Handle handle;
         wrapped(handle).swap(value);
         return handle;
+    }
+
+    /// A new object of the core library with the value of @p other, made by default construction
+    /// and assignment: the core library's classes need no copy constructor.
+    template <class Core>
+    static Core* assignedCopy(Core const* other)
+    {
+        auto copy = std::make_unique<Core>();
+        *copy = *other;
+        return copy.release();
     }
 
     /// The owning pointer itself, for tests of null and for exchanging what a handle refers to.

@@ -7,8 +7,6 @@
 
 #include <QtCore/qglobal.h>
 
-#include <memory>
-
 /// The contract of the arrays that keep their elements in a core-library array, told once.
 ///
 /// The positions are checked here, so that the core library sees good ones only; the one exception
@@ -36,14 +34,6 @@ template <class CoreArray>
 bool contains(CoreArray const& array, int index)
 {
     return index >= 0 && index < array.Length();
-}
-
-template <class CoreArray>
-CoreArray* copyOf(CoreArray const* other)
-{
-    auto copy = std::make_unique<CoreArray>();
-    *copy = *other;
-    return copy.release();
 }
 
 template <class CoreArray>

@@ -1,17 +1,11 @@
 #include <kdrdata/vision/kdrchunkdata.h>
 
-#include <memory>
-
+#include <kdrdata/kdrinternal_p.h>
 #include <veldata/velchunkdata.h>
 
 KDRChunkData::KDRChunkData() : d(new VelChunkData) {}
 
-KDRChunkData::KDRChunkData(KDRChunkData const& other) : d(nullptr)
-{
-    auto copy = std::make_unique<VelChunkData>();
-    *copy = *other.d;
-    d = copy.release();
-}
+KDRChunkData::KDRChunkData(KDRChunkData const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRChunkData::KDRChunkData(unsigned char const* data, unsigned long long length)
     : d(new VelChunkData(data, length))

@@ -5,19 +5,12 @@
 
 #include <QtCore/qglobal.h>
 
-#include <memory>
-
 #include <veldata/velcontour.h>
 #include <veldata/velpointarray.h>
 
 KDRContour::KDRContour() : d(new VelContour) {}
 
-KDRContour::KDRContour(KDRContour const& other) : d(nullptr)
-{
-    auto copy = std::make_unique<VelContour>();
-    *copy = *other.d;
-    d = copy.release();
-}
+KDRContour::KDRContour(KDRContour const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRContour::~KDRContour()
 {

@@ -5,7 +5,10 @@
 #include <veldata/velcontourarray.h>
 
 KDRContourArray::KDRContourArray() : d(new VelContourArray) {}
-KDRContourArray::KDRContourArray(KDRContourArray const& other) : d(KDRCoreArray::copyOf(other.d)) {}
+KDRContourArray::KDRContourArray(KDRContourArray const& other)
+    : d(KDRInternal::assignedCopy(other.d))
+{
+}
 
 KDRContourArray::~KDRContourArray()
 {

@@ -1,9 +1,8 @@
 #include <kdrdata/vision/kdrimage.h>
 
+#include <kdrdata/kdrinternal_p.h>
 #include <kdrdata/text/kdrbuffer.h>
 #include <kdrdata/text/kdrstring.h>
-
-#include <memory>
 
 #include <veldata/velimage.h>
 
@@ -15,12 +14,7 @@ constexpr int defaultEffort = 6;
 
 KDRImage::KDRImage() : d(new VelImage) {}
 
-KDRImage::KDRImage(KDRImage const& other) : d(nullptr)
-{
-    auto copy = std::make_unique<VelImage>();
-    *copy = *other.d;
-    d = copy.release();
-}
+KDRImage::KDRImage(KDRImage const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRImage::KDRImage(void* data, int width, int height, int channels, int step,
                    KDRImage::DataType type)

@@ -5,7 +5,7 @@
 #include <veldata/velimagearray.h>
 
 KDRImageArray::KDRImageArray() : d(new VelImageArray) {}
-KDRImageArray::KDRImageArray(KDRImageArray const& other) : d(KDRCoreArray::copyOf(other.d)) {}
+KDRImageArray::KDRImageArray(KDRImageArray const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRImageArray::~KDRImageArray()
 {

@@ -1,17 +1,11 @@
 #include <kdrdata/vision/kdrmatchmodel.h>
 
-#include <memory>
-
+#include <kdrdata/kdrinternal_p.h>
 #include <veldata/velmatchmodel.h>
 
 KDRMatchModel::KDRMatchModel() : d(new VelMatchModel) {}
 
-KDRMatchModel::KDRMatchModel(KDRMatchModel const& other) : d(nullptr)
-{
-    auto copy = std::make_unique<VelMatchModel>();
-    *copy = *other.d;
-    d = copy.release();
-}
+KDRMatchModel::KDRMatchModel(KDRMatchModel const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRMatchModel::~KDRMatchModel()
 {

@@ -6,7 +6,9 @@
 #include <veldata/velmatrixarray.h>
 
 KDRMatrixArray::KDRMatrixArray() : d(new VelMatrixArray) {}
-KDRMatrixArray::KDRMatrixArray(KDRMatrixArray const& other) : d(KDRCoreArray::copyOf(other.d)) {}
+KDRMatrixArray::KDRMatrixArray(KDRMatrixArray const& other) : d(KDRInternal::assignedCopy(other.d))
+{
+}
 
 KDRMatrixArray::~KDRMatrixArray()
 {

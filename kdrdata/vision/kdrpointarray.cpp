@@ -5,7 +5,7 @@
 #include <veldata/velpointarray.h>
 
 KDRPointArray::KDRPointArray() : d(new VelPointArray) {}
-KDRPointArray::KDRPointArray(KDRPointArray const& other) : d(KDRCoreArray::copyOf(other.d)) {}
+KDRPointArray::KDRPointArray(KDRPointArray const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRPointArray::~KDRPointArray()
 {

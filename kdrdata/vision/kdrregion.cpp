@@ -27,12 +27,7 @@ void fill(VelVarArray& values, KDRNumberArray const& column, int length)
 
 KDRRegion::KDRRegion() : d(new VelRegion) {}
 
-KDRRegion::KDRRegion(KDRRegion const& other) : d(nullptr)
-{
-    auto copy = std::make_unique<VelRegion>();
-    *copy = *other.d;
-    d = copy.release();
-}
+KDRRegion::KDRRegion(KDRRegion const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
 KDRRegion::~KDRRegion()
 {

@@ -11,7 +11,10 @@
 #include <veldata/velmatrixarray.h>
 
 KDRROIAlignment::KDRROIAlignment() : d(new VelMatrixArray) {}
-KDRROIAlignment::KDRROIAlignment(KDRROIAlignment const& other) : d(KDRCoreArray::copyOf(other.d)) {}
+KDRROIAlignment::KDRROIAlignment(KDRROIAlignment const& other)
+    : d(KDRInternal::assignedCopy(other.d))
+{
+}
 
 KDRROIAlignment::~KDRROIAlignment()
 {
