@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrcontour3darray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRContour3DArray::KDRContour3DArray() {}
 KDRContour3DArray::KDRContour3DArray(KDRContour3DArray const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrdualquaternion.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRDualQuaternion::KDRDualQuaternion() : d(nullptr) {}
 KDRDualQuaternion::KDRDualQuaternion(KDRQuaternion const&, KDRQuaternion const&) : d(nullptr) {}

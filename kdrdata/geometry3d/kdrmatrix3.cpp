@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrmatrix3.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRMatrix3::KDRMatrix3() {}
 KDRMatrix3::KDRMatrix3(double, double, double, double, double, double, double, double, double) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrmatrix3array.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRMatrix3Array::KDRMatrix3Array() : d(new QList<KDRMatrix3>) {}
 KDRMatrix3Array::KDRMatrix3Array(KDRMatrix3Array const& other) : d(KDRListArray::copyOf(other.d)) {}

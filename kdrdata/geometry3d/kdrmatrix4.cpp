@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrmatrix4.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRMatrix4::KDRMatrix4() {}
 KDRMatrix4::KDRMatrix4(double, double, double, double, double, double, double, double, double,

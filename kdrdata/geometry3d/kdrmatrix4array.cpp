@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrmatrix4array.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRMatrix4Array::KDRMatrix4Array() : d(new QList<KDRMatrix4>) {}
 KDRMatrix4Array::KDRMatrix4Array(KDRMatrix4Array const& other) : d(KDRListArray::copyOf(other.d)) {}

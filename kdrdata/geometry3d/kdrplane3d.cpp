@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrplane3d.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPlane3D::KDRPlane3D() {}
 KDRPlane3D::KDRPlane3D(KDRPlane3D const&) {}

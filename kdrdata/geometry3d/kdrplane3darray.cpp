@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrplane3darray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPlane3DArray::KDRPlane3DArray() {}
 KDRPlane3DArray::KDRPlane3DArray(KDRPlane3DArray const&) {}

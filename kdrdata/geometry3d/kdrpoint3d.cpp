@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrpoint3d.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPoint3D::KDRPoint3D() {}
 KDRPoint3D::KDRPoint3D(KDRPoint3D const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrpoint3darray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPoint3DArray::KDRPoint3DArray() {}
 KDRPoint3DArray::KDRPoint3DArray(KDRPoint3DArray const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrpointcloud.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPointCloud::KDRPointCloud() {}
 KDRPointCloud::KDRPointCloud(KDRPointCloud const&) {}

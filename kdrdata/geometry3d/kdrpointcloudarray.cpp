@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrpointcloudarray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRPointCloudArray::KDRPointCloudArray() {}
 KDRPointCloudArray::KDRPointCloudArray(KDRPointCloudArray const&) {}

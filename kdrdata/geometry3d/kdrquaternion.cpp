@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrquaternion.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRQuaternion::KDRQuaternion() {}
 KDRQuaternion::KDRQuaternion(double, KDRVector3d&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrrangeimage.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRRangeImage::KDRRangeImage() {}
 KDRRangeImage::KDRRangeImage(KDRRangeImage const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrrangeimagearray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRRangeImageArray::KDRRangeImageArray() {}
 KDRRangeImageArray::KDRRangeImageArray(KDRRangeImageArray const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrshape3d.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRShape3D::KDRShape3D() {}
 KDRShape3D::KDRShape3D(KDRShape3D const&) {}

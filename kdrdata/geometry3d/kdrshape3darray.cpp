@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrshape3darray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRShape3DArray::KDRShape3DArray() : d(new QList<KDRShape3D>) {}
 KDRShape3DArray::KDRShape3DArray(KDRShape3DArray const& other) : d(KDRListArray::copyOf(other.d)) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrtrianglemesh.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRTriangleMesh::KDRTriangleMesh() {}
 KDRTriangleMesh::KDRTriangleMesh(KDRTriangleMesh const&) {}

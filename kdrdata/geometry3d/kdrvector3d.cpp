@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrvector3d.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRVector3d::KDRVector3d() {}
 KDRVector3d::KDRVector3d(double, double, double) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/geometry3d/kdrvector3darray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRVector3dArray::KDRVector3dArray() {}
 KDRVector3dArray::KDRVector3dArray(KDRVector3dArray const&) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/scalars/kdrboolarray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRBoolArray::KDRBoolArray() : d(new QList<bool>) {}
 KDRBoolArray::KDRBoolArray(KDRBoolArray const& other) : d(new QList<bool>(*other.d)) {}

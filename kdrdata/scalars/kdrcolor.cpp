@@ -1,6 +1,6 @@
 #include <kdrdata/scalars/kdrcolor.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRColor::KDRColor() {}
 KDRColor::KDRColor(int, int, int, int) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/scalars/kdrcolorarray.h>
 
-#include <kdrdata/geometry3d/fixedresults_p.h>
+#include <kdrdata/internal/fixedresults_p.h>
 
 KDRColorArray::KDRColorArray() {}
 KDRColorArray::KDRColorArray(void*, int, int) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/scalars/kdrenumarray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDREnumArray::KDREnumArray() : d(new QList<KDREnum>) {}
 KDREnumArray::KDREnumArray(KDREnumArray const& other) : d(KDRListArray::copyOf(other.d)) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/scalars/kdrnumberarray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRNumberArray::KDRNumberArray() : d(new QList<KDRNumber>) {}
 KDRNumberArray::KDRNumberArray(KDRNumberArray const& other) : d(KDRListArray::copyOf(other.d)) {}

@@ -1,6 +1,6 @@
 #include <kdrdata/text/kdrbuffer.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/textlimits_p.h>
 
 #include <QtCore/QByteArray>

@@ -1,6 +1,6 @@
 #include <kdrdata/text/kdrchar.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrstring.h>
 
 #include <QtCore/QByteArray>

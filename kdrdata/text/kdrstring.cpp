@@ -1,6 +1,6 @@
 #include <kdrdata/text/kdrstring.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstringarray.h>
 #include <kdrdata/text/textlimits_p.h>

@@ -1,7 +1,7 @@
 #include <kdrdata/text/kdrstringarray.h>
 
-#include <kdrdata/kdrinternal_p.h>
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
+#include <kdrdata/internal/listarray_p.h>
 #include <kdrdata/text/kdrregexp.h>
 
 #include <QtCore/QChar>

@@ -1,6 +1,6 @@
 #include <kdrdata/variant/kdrvariantarray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRVariantArray::KDRVariantArray() : d(new QList<KDRVariant>) {}
 KDRVariantArray::KDRVariantArray(KDRVariantArray const& other) : d(KDRListArray::copyOf(other.d)) {}

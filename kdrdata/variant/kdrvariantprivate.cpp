@@ -1,6 +1,6 @@
 #include <kdrdata/variant/kdrvariantprivate.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #ifndef KDRDATA_COREARRAY_P_H
 #define KDRDATA_COREARRAY_P_H
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrpoint.h>
 #include <kdrdata/vision/kdrpointprivate.h>
 

@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrchunkdata.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <veldata/velchunkdata.h>
 
 KDRChunkData::KDRChunkData() : d(new VelChunkData) {}

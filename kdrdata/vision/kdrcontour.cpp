@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrcontour.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrpointarray.h>
 
 #include <QtCore/qglobal.h>

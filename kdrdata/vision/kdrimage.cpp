@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrimage.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrbuffer.h>
 #include <kdrdata/text/kdrstring.h>
 

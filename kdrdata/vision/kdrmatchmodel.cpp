@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrmatchmodel.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <veldata/velmatchmodel.h>
 
 KDRMatchModel::KDRMatchModel() : d(new VelMatchModel) {}

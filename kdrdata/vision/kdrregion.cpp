@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrregion.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/scalars/kdrnumberarray.h>
 

@@ -1,6 +1,6 @@
 #include <kdrdata/vision/kdrshapearray.h>
 
-#include <kdrdata/scalars/listarray_p.h>
+#include <kdrdata/internal/listarray_p.h>
 
 KDRShapeArray::KDRShapeArray() : d(new QList<KDRShape>) {}
 KDRShapeArray::KDRShapeArray(KDRShapeArray const& other) : d(KDRListArray::copyOf(other.d)) {}

@@ -1,7 +1,7 @@
 #ifndef KDRDATA_TESTS_LISTARRAYSUITE_H
 #define KDRDATA_TESTS_LISTARRAYSUITE_H
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 
 #include <gtest/gtest.h>
 

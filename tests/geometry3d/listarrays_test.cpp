@@ -1,7 +1,7 @@
 #include <kdrdata/geometry3d/kdrmatrix3array.h>
 #include <kdrdata/geometry3d/kdrmatrix4array.h>
 #include <kdrdata/geometry3d/kdrshape3darray.h>
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 
 #include <gtest/gtest.h>
 

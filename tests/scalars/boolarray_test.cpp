@@ -1,4 +1,4 @@
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrboolarray.h>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrenumarray.h>
 #include <kdrdata/scalars/kdrnumberarray.h>
 #include <kdrdata/text/kdrstringarray.h>

@@ -2,7 +2,7 @@
 #define KDRDATA_TESTS_FIXEDANSWERS_H
 
 #include <kdrdata/geometry3d/kdrdualquaternion.h>
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/scalars/kdrnumberarray.h>
 #include <kdrdata/text/kdrstring.h>

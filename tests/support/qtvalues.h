@@ -1,7 +1,7 @@
 #ifndef KDRDATA_TESTS_QTVALUES_H
 #define KDRDATA_TESTS_QTVALUES_H
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/text.h>
 
 #include <QtCore/QByteArray>

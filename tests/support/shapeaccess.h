@@ -1,7 +1,7 @@
 #ifndef KDRDATA_TESTS_SHAPEACCESS_H
 #define KDRDATA_TESTS_SHAPEACCESS_H
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrshape.h>
 #include <kdrdata/vision/kdrshapeprivate.h>
 

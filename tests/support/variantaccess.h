@@ -1,7 +1,7 @@
 #ifndef KDRDATA_TESTS_VARIANTACCESS_H
 #define KDRDATA_TESTS_VARIANTACCESS_H
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariant.h>
 #include <kdrdata/variant/kdrvariantlock.h>
 #include <kdrdata/variant/kdrvariantprivate.h>

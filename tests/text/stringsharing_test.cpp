@@ -1,6 +1,6 @@
 #include <kdrdata/text/kdrstring.h>
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 
 #include "../support/qtprinters.h"
 

@@ -1,4 +1,4 @@
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrchar.h>
 #include <kdrdata/text/kdrstring.h>
 #include <kdrdata/vision/kdrfont.h>

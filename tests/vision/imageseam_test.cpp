@@ -8,7 +8,7 @@
 
 #include <veldata/velimage.h>
 
-#include "../../kdrdata/kdrinternal_p.h"
+#include "../../kdrdata/internal/kdrinternal_p.h"
 
 std::vector<std::string> VelImage::calls;
 int VelImage::answer = 1;

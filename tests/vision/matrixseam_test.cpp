@@ -1,7 +1,7 @@
 // The matrix handles and the alignment over core matrices that only take notes: what the library
 // asks of the core library, and what it makes of answers that the bundled one never gives.
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/scalars/kdrnumberarray.h>
 #include <kdrdata/vision/kdrmatrixarray.h>

@@ -1,7 +1,7 @@
 // The region handles over core regions that only take notes: what the library asks of the core
 // library, and what it makes of answers that the bundled one never gives.
 
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrregionarray.h>
 
 #include <gtest/gtest.h>

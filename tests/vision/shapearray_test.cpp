@@ -1,4 +1,4 @@
-#include <kdrdata/kdrinternal_p.h>
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrpoint.h>
 #include <kdrdata/vision/kdrshapearray.h>
 
