@@ -2,12 +2,14 @@
 # usage: static_initialisers.sh LIBRARY OBJECT...
 # Loading the library runs exactly one initialiser of its own: that of the log sink.
 set -euo pipefail
+shopt -s inherit_errexit
 library=$1
 shift
 
 offenders=$(
     for object in "$@"; do
-        if readelf --section-headers --wide "$object" | grep -qE ' \.(preinit_array|init_array|ctors)'; then
+        sections=$(readelf --section-headers --wide "$object")
+        if grep -qE ' \.(preinit_array|init_array|ctors)' <<<"$sections"; then
             basename "$object"
         fi
     done
