@@ -49,4 +49,5 @@ fi
 
 export -f run_one
 export here build seconds
+# shellcheck disable=SC2016 # it is the inner shell that expands
 printf '%s\0' "$@" | xargs -0 -P "$jobs" -I '{}' bash -euo pipefail -c 'run_one "$1"' run_one '{}'

@@ -21,8 +21,11 @@ inline KDRString string(std::u16string const& units)
     return string;
 }
 
+/// A text without units is null on both sides: some codecs tell it from an empty one.
 inline QString witness(std::u16string const& units)
 {
+    if (units.empty())
+        return QString();
     return QString(reinterpret_cast<QChar const*>(units.data()), static_cast<int>(units.size()));
 }
 
