@@ -81,11 +81,17 @@ private:
 
     static int canonical(int number) { return Payload::number(Payload::make(number)); }
 
+    /// A position inside or just outside, often at the end, where the classes differ.
+    static int position(Script& script, int length)
+    {
+        return script.below(4) == 0 ? length : script.between(-2, length + 2);
+    }
+
     void step(Script& script)
     {
         int const length = static_cast<int>(m_model.size());
-        int const index = script.between(-2, length + 2);
-        int const other = script.between(-2, length + 2);
+        int const index = position(script, length);
+        int const other = position(script, length);
         int const number = static_cast<int>(script.below(90));
         bool const inside = index >= 0 && index < length;
         bool const otherInside = other >= 0 && other < length;
