@@ -144,6 +144,8 @@ struct Writing<KDRVariant>
 {
     static void write(KDRVariant& variant, int number)
     {
+        if (number % 2 == 0)
+            variant = variant.clone();
         variant.fromString(PayloadOf<KDRString>::make(number));
     }
 };
