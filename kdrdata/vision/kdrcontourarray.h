@@ -55,8 +55,8 @@ public:
     /// the array; otherwise answers false and changes nothing.
     bool swap(int i, int j);
 
-    /// A copy of the element at @p index. The index is not checked here (asserted in debug builds):
-    /// one outside the array goes to the core library as it is.
+    /// A copy of the element at @p index. The index is not checked here: one outside the array goes
+    /// to the core library as it is, and what comes back is that library's choice.
     KDRContour operator[](int index) const;
 
 private:

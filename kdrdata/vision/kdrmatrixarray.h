@@ -56,8 +56,8 @@ public:
     bool swap(int i, int j);
 
     /// A copy of the element at @p index, made through the core matrix's assignment. The index is
-    /// not checked here (asserted in debug builds): one outside the array goes to the core library
-    /// as it is.
+    /// not checked here: one outside the array goes to the core library as it is, and what comes
+    /// back is that library's choice.
     KDRMatrix operator[](int index) const;
 
 private:

@@ -59,8 +59,8 @@ public:
     bool swap(int i, int j);
 
     /// A new point with the coordinates of the element at @p index and the default ranges. The
-    /// index is not checked here (asserted in debug builds): one outside the array goes to the core
-    /// library as it is.
+    /// index is not checked here: one outside the array goes to the core library as it is, and what
+    /// comes back is that library's choice.
     KDRPoint operator[](int index) const;
 
 private:

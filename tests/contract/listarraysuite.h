@@ -77,6 +77,17 @@ TYPED_TEST_P(ListArrayContract, IndexingDetachesEvenAConstantArray)
     EXPECT_EQ(TypeParam::read(sharer[1]), 2);
 }
 
+TYPED_TEST_P(ListArrayContract, IndexOutsideIsAssertedInDebugBuilds)
+{
+#ifdef NDEBUG
+    GTEST_SKIP() << "release builds check no index";
+#else
+    auto const array = this->twoElements();
+    EXPECT_DEATH(array[2], "ASSERT");
+    EXPECT_DEATH(array[-1], "ASSERT");
+#endif
+}
+
 TYPED_TEST_P(ListArrayContract, HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty)
 {
     typename TypeParam::Array empty;
@@ -92,6 +103,7 @@ TYPED_TEST_P(ListArrayContract, HandlesWithoutAListAreSkippedByAssignmentAndCopi
 
 REGISTER_TYPED_TEST_SUITE_P(ListArrayContract, CopiesAndAssignmentsShareTheList,
                             ReadingAndRefusedChangesDoNotDetach, IndexingDetachesEvenAConstantArray,
+                            IndexOutsideIsAssertedInDebugBuilds,
                             HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty);
 
 #endif
