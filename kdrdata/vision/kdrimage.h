@@ -17,6 +17,10 @@ struct KDRInternal;
 /// the core library's: non-zero for success, 0 for failure, which leaves the image as it was,
 /// except as read() says.
 ///
+/// Where memory runs out for the handle itself, or for the path of a file in its encoding, the
+/// constructors, clone(), read() and save() throw std::bad_alloc, with nothing changed. Where it
+/// runs out for pixels nothing is thrown: the operation fails, or the image is empty.
+///
 /// @code
 /// KDRImage image;
 /// if (image.read(KDRString("part.png")) == 0)
