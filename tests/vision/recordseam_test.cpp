@@ -270,6 +270,7 @@ TYPED_TEST(ArraySeam, OperationsReachTheCoreArrayAndAnswersDoNotMatter)
     typename TypeParam::Array const other;
     auto element = TypeParam::make(9);
     FakeCalls::calls.clear();
+    VelImage::calls.clear();
     array.push_back(element);
     array.push_back(other);
     array.push_back(array);
@@ -285,6 +286,7 @@ TYPED_TEST(ArraySeam, OperationsReachTheCoreArrayAndAnswersDoNotMatter)
     EXPECT_EQ(FakeCalls::calls,
               (Calls{"Append 9", "Append all", "Append itself", "Insert 2 9", "Remove 1",
                      "Replace 0 9", "Swap 2 1", "Select 2", "Clear"}));
+    EXPECT_EQ(VelImage::calls, Calls()) << "an image was copied on its way";
 }
 
 TYPED_TEST(ArraySeam, PositionsOutsideDoNotReachTheCoreArray)
