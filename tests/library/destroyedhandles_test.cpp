@@ -21,7 +21,7 @@ using Handles =
                    KDRNumber, KDRNumberArray, KDRPoint, KDRPointArray, KDRRegExp, KDRRegion,
                    KDRRegionArray, KDRROIAlignment, KDRShape, KDRShape3DArray, KDRShapeArray,
                    KDRString, KDRStringArray, KDRVariant, KDRVariantArray>;
-TYPED_TEST_SUITE(DestroyedHandle, Handles);
+TYPED_TEST_SUITE(DestroyedHandle, Handles, );
 
 TYPED_TEST(DestroyedHandle, LeavesANullPointer)
 {
@@ -41,7 +41,7 @@ class HandleDestroyedTwice : public testing::Test
 using Twice = testing::Types<KDRBoolArray, KDRBufferArray, KDREnumArray, KDRMatrix3Array,
                              KDRMatrix4Array, KDRNumber, KDRNumberArray, KDRShape3DArray,
                              KDRShapeArray, KDRStringArray, KDRVariant, KDRVariantArray>;
-TYPED_TEST_SUITE(HandleDestroyedTwice, Twice);
+TYPED_TEST_SUITE(HandleDestroyedTwice, Twice, );
 
 TYPED_TEST(HandleDestroyedTwice, FindsNothingLeft)
 {

@@ -26,7 +26,7 @@ using Classes = testing::Types<
     KDRRangeImageArray, KDRRegExp, KDRRegion, KDRRegionArray, KDRShape, KDRShape3D, KDRShape3DArray,
     KDRShapeArray, KDRShapePrivate, KDRString, KDRStringArray, KDRTriangleMesh, KDRVariant,
     KDRVariantArray, KDRVariantPrivate, KDRVector3d, KDRVector3dArray>;
-TYPED_TEST_SUITE(Assignment, Classes);
+TYPED_TEST_SUITE(Assignment, Classes, );
 
 TYPED_TEST(Assignment, ReturnsTheObjectAssignedTo)
 {

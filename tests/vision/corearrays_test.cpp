@@ -122,7 +122,7 @@ class CoreArray : public testing::Test
 {
 };
 
-TYPED_TEST_SUITE(CoreArray, CoreArrays);
+TYPED_TEST_SUITE(CoreArray, CoreArrays, );
 
 TYPED_TEST(CoreArray, IndexOutsideIsTheCoreLibrarysInDebugBuildsToo)
 {

@@ -262,7 +262,7 @@ class ArraySeam : public RecordSeam
 
 using Arrays = testing::Types<PointTraits, RecordTraits<KDRContourArray, KDRContour>,
                               RecordTraits<KDRImageArray, KDRImage>>;
-TYPED_TEST_SUITE(ArraySeam, Arrays);
+TYPED_TEST_SUITE(ArraySeam, Arrays, );
 
 TYPED_TEST(ArraySeam, OperationsReachTheCoreArrayAndAnswersDoNotMatter)
 {
