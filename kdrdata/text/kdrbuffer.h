@@ -26,8 +26,8 @@ struct KDRInternal;
 /// char const first = bytes.at(0); // still 'a'
 /// @endcode
 ///
-/// Threads: one buffer must not be used by two threads while either changes it, and the `const`
-/// data() counts as a change. Buffers that merely share bytes may live in different threads.
+/// Threads: one buffer may be read from several threads while none changes it, and the `const`
+/// data() counts as a change. Buffers that share bytes may be used from different threads.
 class KDRDATA_EXPORT KDRBuffer
 {
 public:

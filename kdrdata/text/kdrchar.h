@@ -28,7 +28,7 @@ struct KDRInternal;
 /// bool const same = letter.unicode() == KDRChar('A').unicode(); // true
 /// @endcode
 ///
-/// Threads: a plain value; one character must not be used by two threads while either changes it.
+/// Threads: one character may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRChar
 {
 public:

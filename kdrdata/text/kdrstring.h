@@ -35,8 +35,8 @@ struct KDRInternal;
 /// bool const same = path == name;         // false
 /// @endcode
 ///
-/// Threads: one string must not be used by two threads while either changes it. Strings that
-/// merely share text may live in different threads. setLocalTextCodec() concerns the process.
+/// Threads: one string may be read from several threads while none changes it. Strings that share
+/// text may be used from different threads. setLocalTextCodec() concerns the process.
 class KDRDATA_EXPORT KDRString
 {
 public:

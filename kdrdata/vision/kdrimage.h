@@ -27,8 +27,8 @@ struct KDRInternal;
 ///     return false;
 /// @endcode
 ///
-/// Threads: one image may be read and copied by several threads while none changes it; images that
-/// share pixels may be copied, assigned and destroyed in different threads.
+/// Threads: one image may be read from several threads while none changes it. Images that share
+/// pixels may be used from different threads while none of them changes the pixels.
 class KDRDATA_EXPORT KDRImage
 {
 public:

@@ -18,7 +18,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc when copying, and failure in SetData().
 ///
-/// Threads: a plain value; one model may be read by several threads while none changes it.
+/// Threads: one model may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRMatchModel
 {
 public:

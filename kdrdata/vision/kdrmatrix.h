@@ -24,7 +24,7 @@ struct KDRInternal;
 /// bool const read = features.getRowData(2, &areas);
 /// @endcode
 ///
-/// Threads: a plain value; one matrix may be read by several threads while none changes it.
+/// Threads: one matrix may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRMatrix
 {
 public:

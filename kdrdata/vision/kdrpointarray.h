@@ -16,7 +16,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRPointArray
 {
 public:

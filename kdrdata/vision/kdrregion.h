@@ -27,7 +27,7 @@ struct KDRInternal;
 /// fivePixels.fromRunLengthEncodeing(rows, firstColumns, lastColumns, 640, 480);
 /// @endcode
 ///
-/// Threads: a plain value; one region may be read by several threads while none changes it.
+/// Threads: one region may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRRegion
 {
 public:

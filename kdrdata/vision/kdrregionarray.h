@@ -18,7 +18,7 @@ struct KDRInternal;
 /// blobs.toUnionedRegion(&all);
 /// @endcode
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRRegionArray
 {
 public:

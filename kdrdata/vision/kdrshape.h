@@ -48,8 +48,8 @@ struct KDRInternal;
 /// bool const isCircle = coin.toCircle(&centre, &radius);
 /// @endcode
 ///
-/// Threads: handles that share a record may be copied and destroyed in different threads, and its
-/// figure read meanwhile. One handle is used by one thread at a time.
+/// Threads: one shape may be read from several threads while none changes it. Shapes that share a
+/// record may be used from different threads.
 class KDRDATA_EXPORT KDRShape
 {
 public:
