@@ -41,25 +41,25 @@ void assign(QList<Element>* list, QList<Element> const* other)
 
 /// Runs a change that allocates, so that a failure leaves the list as it was. Detaching a shared
 /// list copies its elements, and what their copies leave behind would be lost although the change
-/// failed: a shared list is changed in a copy, which is then installed.
+/// failed: the shared list is held on to, and put back then.
 template <class Element, class Change>
-auto changeOrKeep(QList<Element>& list, Change const& change)
+auto changeOrRestore(QList<Element>& list, Change const& change)
 {
     if (list.isDetached())
         return change(list);
-    QList<Element> changed = list;
-    auto const result = change(changed);
-    list.swap(changed);
-    return result;
+    QList<Element> const shared = list;
+    try {
+        return change(list);
+    } catch (...) {
+        list = shared;
+        throw;
+    }
 }
 
 template <class Element>
 void append(QList<Element>& list, Element const& value)
 {
-    changeOrKeep(list, [&value](QList<Element>& changed) {
-        changed.append(value);
-        return true;
-    });
+    changeOrRestore(list, [&value](QList<Element>& own) { own.append(value); });
 }
 
 /// Appends by growing a copy and installing it, so that a failing element copy leaves the old list
@@ -79,8 +79,8 @@ bool insert(QList<Element>& list, int index, Element const& value)
 {
     if (!contains(list, index))
         return false;
-    return changeOrKeep(list, [index, &value](QList<Element>& changed) {
-        changed.insert(index, value);
+    return changeOrRestore(list, [index, &value](QList<Element>& own) {
+        own.insert(index, value);
         return true;
     });
 }
@@ -129,8 +129,7 @@ Element at(QList<Element>* list, int index)
 {
     if (!list)
         return Element();
-    return changeOrKeep(*list,
-                        [index](QList<Element>& detached) { return Element(detached[index]); });
+    return changeOrRestore(*list, [index](QList<Element>& own) { return Element(own[index]); });
 }
 
 } // namespace KDRListArray

@@ -5,6 +5,7 @@
 
 #include <QtCore/qlist.h>
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -170,15 +171,16 @@ TEST_F(NumberArrayRange, OfAllElementsIsKeptWhereMemoryRunsOutOnASharedList)
                                       [](KDRNumberArray& a) { a.removeAt(1); },
                                       [](KDRNumberArray& a) { a.swap(0, 1); },
                                       [](KDRNumberArray& a) { a[1].toInt(); }};
-    for (Change const& change : changes) {
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        SCOPED_TRACE(i);
         KDRNumberArray changed(array);
         auto const isAsBefore = [&] {
             EXPECT_TRUE(shareStorage(changed, array));
-            for (int i = 0; i < 3; ++i)
-                EXPECT_EQ(maximumAt(changed, i), 10.0);
+            for (int element = 0; element < 3; ++element)
+                EXPECT_EQ(maximumAt(changed, element), 10.0);
         };
         // A node and a record for each of three elements at least.
-        EXPECT_GE(failAtEveryAllocation([&] { change(changed); }, isAsBefore), 6);
+        EXPECT_GE(failAtEveryAllocation([&] { changes[i](changed); }, isAsBefore), 6);
         EXPECT_FALSE(shareStorage(changed, array));
     }
 }
