@@ -22,7 +22,9 @@ struct KDRInternal;
 /// An array may be an element of another. If an array is reached through
 /// KDRVariant::toVariantArrayPtr() and the variant that holds it is pushed into it, the store holds
 /// itself and is not freed before the element is removed again. Freeing goes as deep as arrays are
-/// nested: keep that to some thousands of levels, which is what a thread's stack has room for.
+/// nested and takes about 180 bytes of the thread's stack a level in an optimised build, 460 in a
+/// debug build (g++, 64 bits): 512 KiB hold about 2,900 levels (debug 1,100), 1 MiB 5,900 (2,300)
+/// and 8 MiB 47,000 (18,000). Deeper nests overrun the stack.
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
