@@ -35,7 +35,7 @@ struct PayloadOf<KDRRegion>
         region.fromRunLengthEncodeing(rows, rows, rows, 1, 1);
         return region;
     }
-    static int number(KDRRegion const& value)
+    static int number(KDRRegion value)
     {
         KDRNumberArray rows;
         KDRNumberArray columns;

@@ -62,7 +62,7 @@ KDRRegion regionOf(Runs const& runs, Extent const& extent)
     return region;
 }
 
-Runs runsOf(KDRRegion const& region)
+Runs runsOf(KDRRegion region)
 {
     KDRNumberArray lists[3];
     check(region.toRunLengthEncodeing(&lists[0], &lists[1], &lists[2]), "runs can be had");

@@ -53,29 +53,29 @@ bool equal(std::vector<double> const& a, std::vector<double> const& b)
 
 bool isList(unsigned int kind)
 {
-    return kind == ShapeKindPolygon || kind == ShapeKindIrregular || kind == ShapeKindPolyLine;
+    return kind == KDRShape::Polygon || kind == KDRShape::Irregular || kind == KDRShape::PolyLine;
 }
 
 // --- shapes --------------------------------------------------------------------------------------
 
-constexpr unsigned int madeKinds[] = {ShapeKindCircle,  ShapeKindTorus,     ShapeKindRect2,
-                                      ShapeKindLine,    ShapeKindEllipse,   ShapeKindArc,
-                                      ShapeKindPolygon, ShapeKindIrregular, ShapeKindArrow,
-                                      ShapeKindRegion,  ShapeKindPolyLine,  ShapeKindEmpty};
+constexpr unsigned int madeKinds[] = {KDRShape::Circle,  KDRShape::Torus,     KDRShape::Rect2,
+                                      KDRShape::Line,    KDRShape::Ellipse,   KDRShape::Arc,
+                                      KDRShape::Polygon, KDRShape::Irregular, KDRShape::Arrow,
+                                      KDRShape::Region,  KDRShape::PolyLine,  KDRShape::Empty};
 
 std::size_t shapeNumbers(unsigned int kind)
 {
     switch (kind) {
-    case ShapeKindCircle:
+    case KDRShape::Circle:
         return 3;
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         return 6;
-    case ShapeKindRect2:
-    case ShapeKindEllipse:
-    case ShapeKindArc:
+    case KDRShape::Rect2:
+    case KDRShape::Ellipse:
+    case KDRShape::Arc:
         return 5;
-    case ShapeKindLine:
-    case ShapeKindArrow:
+    case KDRShape::Line:
+    case KDRShape::Arrow:
         return 4;
     default:
         return 0;
@@ -102,27 +102,27 @@ void generate(KDRShape& shape, Figure const& figure)
     KDRPoint second(v[2], v[3]);
     KDRRegion region;
     switch (figure.code) {
-    case ShapeKindCircle:
+    case KDRShape::Circle:
         return shape.fromCircle(first, v[2]);
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         return shape.fromTorus(first, v[2], v[3], v[4], v[5]);
-    case ShapeKindRect2:
+    case KDRShape::Rect2:
         return shape.fromRect2(first, v[2], v[3], v[4]);
-    case ShapeKindLine:
+    case KDRShape::Line:
         return shape.fromLine(first, second);
-    case ShapeKindEllipse:
+    case KDRShape::Ellipse:
         return shape.fromEllipse(first, v[2], v[3], v[4]);
-    case ShapeKindArc:
+    case KDRShape::Arc:
         return shape.fromArc(first, v[2], v[3], v[4]);
-    case ShapeKindPolygon:
+    case KDRShape::Polygon:
         return shape.fromPolygon(points);
-    case ShapeKindIrregular:
+    case KDRShape::Irregular:
         return shape.fromIrregular(points);
-    case ShapeKindArrow:
+    case KDRShape::Arrow:
         return shape.fromArrow(first, second);
-    case ShapeKindRegion:
+    case KDRShape::Region:
         return shape.fromRegion(region);
-    case ShapeKindPolyLine:
+    case KDRShape::PolyLine:
         return shape.fromPolyLine(points);
     default:
         shape = KDRShape();
@@ -138,41 +138,41 @@ std::vector<double> valuesOf(KDRShape const& shape)
     bool answer = true;
     std::vector<double> values;
     switch (shape.shapeType()) {
-    case ShapeKindCircle:
+    case KDRShape::Circle:
         answer = shape.toCircle(&first, &p[0]);
         values = {first.x(), first.y(), p[0]};
         break;
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         answer = shape.toTorus(&first, &p[0], &p[1], &p[2], &p[3]);
         values = {first.x(), first.y(), p[0], p[1], p[2], p[3]};
         break;
-    case ShapeKindRect2:
+    case KDRShape::Rect2:
         answer = shape.toRect2(&first, &p[0], &p[1], &p[2]);
         values = {first.x(), first.y(), p[0], p[1], p[2]};
         break;
-    case ShapeKindEllipse:
+    case KDRShape::Ellipse:
         answer = shape.toEllipse(&first, &p[0], &p[1], &p[2]);
         values = {first.x(), first.y(), p[0], p[1], p[2]};
         break;
-    case ShapeKindArc:
+    case KDRShape::Arc:
         answer = shape.toArc(&first, &p[0], &p[1], &p[2]);
         values = {first.x(), first.y(), p[0], p[1], p[2]};
         break;
-    case ShapeKindLine:
+    case KDRShape::Line:
         answer = shape.toLine(&first, &second);
         values = {first.x(), first.y(), second.x(), second.y()};
         break;
-    case ShapeKindArrow:
+    case KDRShape::Arrow:
         answer = shape.toArrow(&first, &second);
         values = {first.x(), first.y(), second.x(), second.y()};
         break;
-    case ShapeKindPolygon:
+    case KDRShape::Polygon:
         answer = shape.toPolygon(&points);
         break;
-    case ShapeKindIrregular:
+    case KDRShape::Irregular:
         answer = shape.toIrregular(&points);
         break;
-    case ShapeKindPolyLine:
+    case KDRShape::PolyLine:
         answer = shape.toPolyLine(&points);
         break;
     default:
@@ -312,16 +312,16 @@ void convert(Figure const& shape, Figure& record)
         unsigned int type;
     };
     // An arrow goes out as a line; what is not here leaves the record alone.
-    constexpr Row rows[] = {{ShapeKindCircle, ROICircle},
-                            {ShapeKindTorus, ROITorus},
-                            {ShapeKindRect2, ROIRect2},
-                            {ShapeKindLine, ROILine},
-                            {ShapeKindArrow, ROILine},
-                            {ShapeKindEllipse, ROIEllipse},
-                            {ShapeKindArc, ROIArc},
-                            {ShapeKindPolygon, ROIPolygon},
-                            {ShapeKindIrregular, ROIIrregular},
-                            {ShapeKindEmpty, ROIEmpty}};
+    constexpr Row rows[] = {{KDRShape::Circle, ROICircle},
+                            {KDRShape::Torus, ROITorus},
+                            {KDRShape::Rect2, ROIRect2},
+                            {KDRShape::Line, ROILine},
+                            {KDRShape::Arrow, ROILine},
+                            {KDRShape::Ellipse, ROIEllipse},
+                            {KDRShape::Arc, ROIArc},
+                            {KDRShape::Polygon, ROIPolygon},
+                            {KDRShape::Irregular, ROIIrregular},
+                            {KDRShape::Empty, ROIEmpty}};
     for (Row const& row : rows)
         if (row.kind == shape.code)
             record = {row.type, shape.values};
@@ -330,10 +330,10 @@ void convert(Figure const& shape, Figure& record)
 /// Answers whether the shape keeps its figure where it is not shared.
 bool convertBack(Figure const& record, Figure& shape)
 {
-    constexpr unsigned int kinds[] = {ShapeKindEmpty, ShapeKindCircle,  ShapeKindTorus,
-                                      ShapeKindEmpty, ShapeKindPolygon, ShapeKindIrregular,
-                                      ShapeKindRect2, ShapeKindLine,    ShapeKindEllipse,
-                                      ShapeKindArc,   ShapeKindEmpty,   ShapeKindRegion};
+    constexpr unsigned int kinds[] = {KDRShape::Empty, KDRShape::Circle,  KDRShape::Torus,
+                                      KDRShape::Empty, KDRShape::Polygon, KDRShape::Irregular,
+                                      KDRShape::Rect2, KDRShape::Line,    KDRShape::Ellipse,
+                                      KDRShape::Arc,   KDRShape::Empty,   KDRShape::Region};
     if (record.code == ROIRect1 || record.code == ROIPoint)
         return true;
     shape = {kinds[record.code], record.values};
@@ -368,7 +368,7 @@ public:
         default:
             check(DataConvert().ROIToShape(m_record, &m_shape) == 0, "a conversion answers 0");
             if (convertBack(m_recordFigure, m_figure) && m_shared)
-                m_figure = {ShapeKindEmpty, {}};
+                m_figure = {KDRShape::Empty, {}};
             m_shared = false;
             break;
         }
@@ -390,8 +390,8 @@ private:
     KDRShape m_shape;
     KDRShape m_sharer;
     VelROI m_record;
-    Figure m_figure{ShapeKindEmpty, {}};
-    Figure m_sharerFigure{ShapeKindEmpty, {}};
+    Figure m_figure{KDRShape::Empty, {}};
+    Figure m_sharerFigure{KDRShape::Empty, {}};
     Figure m_recordFigure{ROIEmpty, {}};
     bool m_shared = false;
 };

@@ -107,7 +107,7 @@ struct PayloadOf<KDRRegion>
         region.fromRunLengthEncodeing(rows, rows, rows, 1, 1);
         return region;
     }
-    static int number(KDRRegion const& region)
+    static int number(KDRRegion region)
     {
         KDRNumberArray rows;
         KDRNumberArray firstColumns;
