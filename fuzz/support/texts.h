@@ -29,6 +29,17 @@ inline QString witness(std::u16string const& units)
     return QString(reinterpret_cast<QChar const*>(units.data()), static_cast<int>(units.size()));
 }
 
+/// All the bytes read in the local encoding or as UTF-8, zeros included.
+inline QString fromLocal(QByteArray const& bytes)
+{
+    return bytes.size() > 0 ? QString::fromLocal8Bit(bytes.constData(), bytes.size()) : QString();
+}
+
+inline QString fromUtf8(QByteArray const& bytes)
+{
+    return bytes.size() > 0 ? QString::fromUtf8(bytes.constData(), bytes.size()) : QString();
+}
+
 inline bool equal(KDRString const& string, QString const& expected)
 {
     return QString(reinterpret_cast<QChar const*>(string.toUtf16()), string.size()) == expected;
