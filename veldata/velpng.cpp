@@ -1,66 +1,111 @@
 #include <veldata/velcodec_p.h>
 
+#include <algorithm>
+#include <array>
 #include <csetjmp>
 #include <cstring>
 
 #include <png.h>
+#include <zlib.h>
+
+#include <veldata/velimagetype.h>
+#include <veldata/velinput_p.h>
+#include <veldata/vellimits_p.h>
+#include <veldata/veloutput_p.h>
 
 namespace {
 
-using velcodec::Bytes;
-
 constexpr std::size_t signatureSize = 8;
 
-struct Source
-{
-    unsigned char const* next;
-    std::size_t left;
-};
-
+/// libpng's answer to errors and warnings alike: the picture is refused.
 [[noreturn]] void refuse(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+constexpr bool isLittleEndian = true;
+#else
+constexpr bool isLittleEndian = false;
+#endif
+
+/// The chunks of a file without those that have no bearing on the pixels: nobody looks into them,
+/// and so they may be damaged. What is not marked as ancillary stays, for libpng to refuse what it
+/// does not know.
+class Chunks
+{
+public:
+    explicit Chunks(VelInput const& input) noexcept : fileSize(input.size()), stream(input)
+    {
+        stream.skip(signatureSize);
+    }
+
+    /// The next @p size bytes of these chunks; false at the end of the file.
+    bool read(unsigned char* target, std::size_t size) noexcept
+    {
+        while (size > 0) {
+            if (headerLeft == 0 && bodyLeft == 0 && !beginChunk())
+                return false;
+            bool const isHeader = headerLeft > 0;
+            std::size_t& left = isHeader ? headerLeft : bodyLeft;
+            std::size_t const part = std::min(size, left);
+            if (isHeader)
+                std::memcpy(target, header.data() + header.size() - headerLeft, part);
+            else if (!stream.read(target, part))
+                return false;
+            left -= part;
+            target += part;
+            size -= part;
+        }
+        return true;
+    }
+
+private:
+    /// Steps to the next chunk that bears on the pixels.
+    bool beginChunk() noexcept
+    {
+        constexpr std::size_t checksumSize = 4;
+        while (stream.read(header.data(), header.size())) {
+            std::size_t const size = std::size_t{png_get_uint_32(header.data())} + checksumSize;
+            if (size > fileSize - stream.offset())
+                return false;
+            if (bearsOnPixels()) {
+                headerLeft = header.size();
+                bodyLeft = size;
+                return true;
+            }
+            stream.skip(size);
+        }
+        return false;
+    }
+
+    bool bearsOnPixels() const noexcept
+    {
+        constexpr unsigned char ancillary = 0x20;
+        unsigned char const* const name = header.data() + 4;
+        return (name[0] & ancillary) == 0 || std::memcmp(name, "tRNS", 4) == 0;
+    }
+
+    std::uint64_t fileSize;
+    VelInputStream stream;
+    std::array<unsigned char, 8> header; ///< length and name
+    std::size_t headerLeft = 0;          ///< not given out yet
+    std::size_t bodyLeft = 0;            ///< of the contents and the checksum
+};
 
 void readBytes(png_structp png, png_bytep target, std::size_t size)
 {
-    auto* const source = static_cast<Source*>(png_get_io_ptr(png));
-    if (size > source->left)
+    if (!static_cast<Chunks*>(png_get_io_ptr(png))->read(target, size))
         png_longjmp(png, 1);
-    std::memcpy(target, source->next, size);
-    source->next += size;
-    source->left -= size;
-}
-
-/// The next two hold no objects with destructors: refuse() jumps out of them.
-bool readHeader(png_structp png, png_infop info)
-{
-    if (setjmp(png_jmpbuf(png)))
-        return false;
-    png_read_info(png, info);
-    return true;
-}
-
-bool readRows(png_structp png, int height, png_bytep row)
-{
-    if (setjmp(png_jmpbuf(png)))
-        return false;
-    for (int pass = png_set_interlace_handling(png); pass > 0; --pass) {
-        for (int y = 0; y < height; ++y)
-            png_read_row(png, row, nullptr);
-    }
-    png_read_end(png, nullptr);
-    return true;
 }
 
 /// A libpng reader that refuses at the first warning.
 class Reader
 {
 public:
-    explicit Reader(Bytes const& bytes)
-        : source{bytes.data(), bytes.size()},
+    explicit Reader(VelInput const& input) noexcept
+        : fileSize(input.size()),
+          chunks(input),
           png(png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, refuse)),
           info(png ? png_create_info_struct(png) : nullptr)
     {
-        if (png)
-            png_set_read_fn(png, &source, readBytes);
     }
 
     ~Reader() { png_destroy_read_struct(&png, &info, nullptr); }
@@ -68,62 +113,149 @@ public:
     Reader(Reader const&) = delete;
     Reader& operator=(Reader const&) = delete;
 
-    bool readsToTheEnd()
+    VelPixels* read() noexcept
     {
-        if (!info || !readHeader(png, info))
-            return false;
-        png_uint_32 const width = png_get_image_width(png, info);
-        png_uint_32 const height = png_get_image_height(png, info);
-        if (!velcodec::isDecodableSize(width, height))
-            return false;
-        Bytes row(png_get_rowbytes(png, info));
-        return readRows(png, static_cast<int>(height), row.data());
+        if (info && readHeader()) {
+            pixels = velcodec::newPixels(png_get_image_width(png, info),
+                                         png_get_image_height(png, info), channels(), type());
+            if (pixels && readRows())
+                return pixels;
+        }
+        VelPixels::release(pixels);
+        return nullptr;
     }
 
 private:
-    Source source;
+    /// This and readRows() hold no objects with destructors: refuse() jumps out of them.
+    bool readHeader() noexcept
+    {
+        if (setjmp(png_jmpbuf(png)))
+            return false;
+        png_set_read_fn(png, &chunks, readBytes);
+        png_set_sig_bytes(png, signatureSize);
+        png_read_info(png, info);
+        // Deflate packs 1032 bytes into one at best.
+        constexpr std::uint64_t bestPacking = 1032;
+        return std::uint64_t{png_get_rowbytes(png, info)} * png_get_image_height(png, info) <=
+               bestPacking * fileSize;
+    }
+
+    bool readRows() noexcept
+    {
+        if (setjmp(png_jmpbuf(png)))
+            return false;
+        requestPixels();
+        int const passes = png_set_interlace_handling(png);
+        png_read_update_info(png, info);
+        auto const rowBytes = static_cast<std::size_t>(pixels->geometry.rowBytes());
+        if (png_get_rowbytes(png, info) != rowBytes)
+            return false;
+        for (int pass = 0; pass < passes; ++pass) {
+            png_bytep row = pixels->data;
+            for (int y = 0; y < pixels->geometry.height; ++y, row += rowBytes)
+                png_read_row(png, row, nullptr);
+        }
+        png_read_end(png, nullptr);
+        return true;
+    }
+
+    /// Asks for the image's own order and for whole bytes.
+    void requestPixels() noexcept
+    {
+        if (type() == VEL_16U && isLittleEndian)
+            png_set_swap(png);
+        if (isPalette())
+            png_set_palette_to_rgb(png);
+        else if (hasTransparency() && channels() == 4)
+            png_set_tRNS_to_alpha(png);
+        if (isColour())
+            png_set_bgr(png);
+        else if (channels() == 4)
+            png_set_gray_to_rgb(png);
+        else
+            png_set_expand_gray_1_2_4_to_8(png);
+    }
+
+    int colourType() const noexcept { return png_get_color_type(png, info); }
+    bool isPalette() const noexcept { return colourType() == PNG_COLOR_TYPE_PALETTE; }
+    bool isColour() const noexcept { return (colourType() & PNG_COLOR_MASK_COLOR) != 0; }
+    bool hasTransparency() const noexcept { return png_get_valid(png, info, PNG_INFO_tRNS) != 0; }
+
+    /// A transparent colour becomes alpha; a transparent grey is passed over.
+    int channels() const noexcept
+    {
+        if ((colourType() & PNG_COLOR_MASK_ALPHA) != 0)
+            return 4;
+        if (!isColour())
+            return 1;
+        return hasTransparency() ? 4 : 3;
+    }
+
+    int type() const noexcept { return png_get_bit_depth(png, info) == 16 ? VEL_16U : VEL_8U; }
+
+    std::uint64_t fileSize;
+    Chunks chunks;
     png_structp png;
     png_infop info;
+    VelPixels* pixels = nullptr;
 };
 
-bool bearsOnPixels(unsigned char const* name)
+void writeBytes(png_structp png, png_bytep data, std::size_t size)
 {
-    for (char const* kept : {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"}) {
-        if (std::memcmp(name, kept, 4) == 0)
-            return true;
-    }
-    return false;
+    if (!static_cast<VelOutput*>(png_get_io_ptr(png))->write(data, size))
+        png_longjmp(png, 1);
 }
 
-/// Moves the chunks that bear on the pixels together and cuts the rest off; false where a chunk
-/// reaches beyond the end or the last one is missing.
-bool keepPixelChunks(Bytes& bytes)
+void flushNothing(png_structp) {}
+
+int colourTypeOf(VelGeometry const& geometry)
 {
-    constexpr std::size_t overhead = 12; // length, name and checksum of a chunk
-    std::size_t from = signatureSize;
-    std::size_t to = signatureSize;
-    while (from + overhead <= bytes.size()) {
-        unsigned char const* const chunk = bytes.data() + from;
-        std::size_t const size = std::size_t{png_get_uint_32(chunk)} + overhead;
-        if (size > bytes.size() - from)
-            return false;
-        bool const isLast = std::memcmp(chunk + 4, "IEND", 4) == 0;
-        if (bearsOnPixels(chunk + 4)) {
-            std::memmove(bytes.data() + to, chunk, size);
-            to += size;
-        }
-        if (isLast) {
-            bytes.resize(to);
-            return true;
-        }
-        from += size;
+    switch (geometry.channels) {
+    case 1:
+        return PNG_COLOR_TYPE_GRAY;
+    case 3:
+        return PNG_COLOR_TYPE_RGB;
+    default:
+        return PNG_COLOR_TYPE_RGB_ALPHA;
     }
-    return false;
+}
+
+/// Holds no objects with destructors: refuse() jumps out of it.
+bool writeAll(png_structp png, png_infop info, VelPixels const& pixels, int effort,
+              VelOutput& output)
+{
+    if (setjmp(png_jmpbuf(png)))
+        return false;
+    VelGeometry const& geometry = pixels.geometry;
+    bool const isDeep = geometry.type == VEL_16U;
+    png_set_write_fn(png, &output, writeBytes, flushNothing);
+    png_set_compression_level(png, effort);
+    png_set_compression_strategy(png, Z_DEFAULT_STRATEGY);
+    png_set_IHDR(png, info, static_cast<png_uint_32>(geometry.width),
+                 static_cast<png_uint_32>(geometry.height), isDeep ? 16 : 8, colourTypeOf(geometry),
+                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_write_info(png, info);
+    if (geometry.channels > 1)
+        png_set_bgr(png);
+    if (isDeep && isLittleEndian)
+        png_set_swap(png);
+    auto const rowBytes = static_cast<std::size_t>(geometry.rowBytes());
+    png_const_bytep row = pixels.data;
+    for (int y = 0; y < geometry.height; ++y, row += rowBytes)
+        png_write_row(png, row);
+    png_write_end(png, info);
+    return true;
 }
 
 } // namespace
 
-bool velcodec::preparePng(Bytes& bytes)
+VelPixels* velcodec::readPng(VelInput const& input) { return Reader(input).read(); }
+
+bool velcodec::writePng(VelPixels const& pixels, int effort, VelOutput& output)
 {
-    return keepPixelChunks(bytes) && Reader(bytes).readsToTheEnd();
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, refuse);
+    png_infop info = png ? png_create_info_struct(png) : nullptr;
+    bool const done = info && writeAll(png, info, pixels, effort, output);
+    png_destroy_write_struct(&png, &info);
+    return done;
 }

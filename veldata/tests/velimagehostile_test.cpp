@@ -239,10 +239,10 @@ TEST(VelImageHostile, OutOfMemoryIsAFailureLikeAnyOther)
         EXPECT_EQ(VelImage().CreateImage(nullptr, side, side, 1, 0, VEL_8U), 0);
         EXPECT_EQ(VelImage().CreateImage(large.ImageData(), side, side, 1, 0, VEL_8U), 0);
         EXPECT_EQ(large.DeepCopy().ImageData(), nullptr);
-        EXPECT_EQ(large.SaveImage(path.c_str(), 6), 0);
+        // The bytes go straight to the file.
+        EXPECT_EQ(large.SaveImage(path.c_str(), 6), 1);
     }
     EXPECT_EQ(console.caught(), "");
-    EXPECT_EQ(directory.entries().size(), 0u);
 }
 
 #endif
