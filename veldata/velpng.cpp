@@ -200,9 +200,18 @@ private:
     VelPixels* pixels = nullptr;
 };
 
+/// Where a written file goes; nowhere, when only its size is wanted.
+struct Sink
+{
+    VelOutput* output;
+    std::uint64_t size;
+};
+
 void writeBytes(png_structp png, png_bytep data, std::size_t size)
 {
-    if (!static_cast<VelOutput*>(png_get_io_ptr(png))->write(data, size))
+    auto* const sink = static_cast<Sink*>(png_get_io_ptr(png));
+    sink->size += size;
+    if (sink->output && !sink->output->write(data, size))
         png_longjmp(png, 1);
 }
 
@@ -220,19 +229,67 @@ int colourTypeOf(VelGeometry const& geometry)
     }
 }
 
+/// How rows are filtered and deflated.
+struct Packing
+{
+    int filtersBetweenBands; ///< of the first row of a band, which the one above is not like
+    int filters;
+    int level;
+    int strategy;
+};
+
+/// The quick ways. Noise, as in photographs, hides all repetitions but those of one value, and
+/// looking for others costs much and gains nothing; masks have few others. Then there are smooth
+/// pictures, and drawings, which repeat themselves.
+constexpr Packing quickPackings[] = {
+    {PNG_FILTER_SUB, PNG_FILTER_AVG, 1, Z_RLE},
+    {PNG_FILTER_SUB, PNG_FILTER_PAETH, 1, Z_RLE},
+    {PNG_FILTER_SUB, PNG_FILTER_UP, 5, Z_DEFAULT_STRATEGY},
+    {PNG_FILTER_NONE, PNG_FILTER_NONE, 4, Z_DEFAULT_STRATEGY},
+};
+
+/// Some rows of a picture: all of them, or bands that lie evenly over it.
+class Excerpt
+{
+public:
+    static Excerpt all(int height) noexcept { return {1, height, 0}; }
+
+    static Excerpt sample(int height) noexcept
+    {
+        constexpr int bandRows = 8;
+        constexpr int rowsPerBand = 512;
+        int const bands = std::max(4, height / rowsPerBand);
+        return height <= bands * bandRows ? all(height) : Excerpt(bands, bandRows, height / bands);
+    }
+
+    int rows() const noexcept { return bands * bandRows; }
+    bool isFirst(int i) const noexcept { return i % bandRows == 0; }
+    int rowAt(int i) const noexcept { return i / bandRows * step + i % bandRows; }
+
+private:
+    Excerpt(int bandCount, int rowsOfBand, int bandStep) noexcept
+        : bands(bandCount), bandRows(rowsOfBand), step(bandStep)
+    {
+    }
+
+    int bands;
+    int bandRows;
+    int step;
+};
+
 /// Holds no objects with destructors: refuse() jumps out of it.
-bool writeAll(png_structp png, png_infop info, VelPixels const& pixels, int effort,
-              VelOutput& output)
+bool writeRows(png_structp png, png_infop info, VelPixels const& pixels, Excerpt const& excerpt,
+               Packing const& packing)
 {
     if (setjmp(png_jmpbuf(png)))
         return false;
     VelGeometry const& geometry = pixels.geometry;
     bool const isDeep = geometry.type == VEL_16U;
-    png_set_write_fn(png, &output, writeBytes, flushNothing);
-    png_set_compression_level(png, effort);
-    png_set_compression_strategy(png, Z_DEFAULT_STRATEGY);
+    png_set_filter(png, PNG_FILTER_TYPE_BASE, packing.filters);
+    png_set_compression_level(png, packing.level);
+    png_set_compression_strategy(png, packing.strategy);
     png_set_IHDR(png, info, static_cast<png_uint_32>(geometry.width),
-                 static_cast<png_uint_32>(geometry.height), isDeep ? 16 : 8, colourTypeOf(geometry),
+                 static_cast<png_uint_32>(excerpt.rows()), isDeep ? 16 : 8, colourTypeOf(geometry),
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png, info);
     if (geometry.channels > 1)
@@ -240,11 +297,43 @@ bool writeAll(png_structp png, png_infop info, VelPixels const& pixels, int effo
     if (isDeep && isLittleEndian)
         png_set_swap(png);
     auto const rowBytes = static_cast<std::size_t>(geometry.rowBytes());
-    png_const_bytep row = pixels.data;
-    for (int y = 0; y < geometry.height; ++y, row += rowBytes)
-        png_write_row(png, row);
+    for (int i = 0; i < excerpt.rows(); ++i) {
+        // libpng keeps the row above only for filters that it was told of to begin with.
+        if (i > 0)
+            png_set_filter(png, PNG_FILTER_TYPE_BASE,
+                           excerpt.isFirst(i) ? packing.filtersBetweenBands : packing.filters);
+        png_write_row(png, pixels.data + static_cast<std::size_t>(excerpt.rowAt(i)) * rowBytes);
+    }
     png_write_end(png, info);
     return true;
+}
+
+bool write(VelPixels const& pixels, Excerpt const& excerpt, Packing const& packing, Sink& sink)
+{
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, refuse);
+    png_infop info = png ? png_create_info_struct(png) : nullptr;
+    if (info)
+        png_set_write_fn(png, &sink, writeBytes, flushNothing);
+    bool const done = info && writeRows(png, info, pixels, excerpt, packing);
+    png_destroy_write_struct(&png, &info);
+    return done;
+}
+
+/// The quick way that makes a sample of the picture smallest; the first where there is no memory to
+/// try.
+Packing quickPackingFor(VelPixels const& pixels)
+{
+    Excerpt const sample = Excerpt::sample(pixels.geometry.height);
+    Packing best = quickPackings[0];
+    std::uint64_t bestSize = UINT64_MAX;
+    for (Packing const& packing : quickPackings) {
+        Sink sink = {nullptr, 0};
+        if (write(pixels, sample, packing, sink) && sink.size < bestSize) {
+            best = packing;
+            bestSize = sink.size;
+        }
+    }
+    return best;
 }
 
 } // namespace
@@ -253,9 +342,11 @@ VelPixels* velcodec::readPng(VelInput const& input) { return Reader(input).read(
 
 bool velcodec::writePng(VelPixels const& pixels, int effort, VelOutput& output)
 {
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, refuse);
-    png_infop info = png ? png_create_info_struct(png) : nullptr;
-    bool const done = info && writeAll(png, info, pixels, effort, output);
-    png_destroy_write_struct(&png, &info);
-    return done;
+    constexpr int mostQuickEffort = 6;
+    bool const isQuick = effort > 0 && effort <= mostQuickEffort;
+    Packing const packing =
+        isQuick ? quickPackingFor(pixels)
+                : Packing{PNG_ALL_FILTERS, PNG_ALL_FILTERS, effort, Z_DEFAULT_STRATEGY};
+    Sink sink = {&output, 0};
+    return write(pixels, Excerpt::all(pixels.geometry.height), packing, sink);
 }

@@ -338,8 +338,10 @@ public:
         if (layout.isPalette() && !palette.read(tiff))
             return nullptr;
         // A deflated strip that ends in the middle of a repetition is taken for a whole one.
-        pixels = velcodec::newBlankPixels(layout.width, layout.height,
-                                          layout.isPalette() ? 3 : layout.samples, typeOf(layout));
+        auto const create =
+            layout.compression == COMPRESSION_NONE ? velcodec::newPixels : velcodec::newBlankPixels;
+        pixels = create(layout.width, layout.height, layout.isPalette() ? 3 : layout.samples,
+                        typeOf(layout));
         if (pixels && readStrips() && !source.failed)
             return pixels;
         VelPixels::release(pixels);
