@@ -36,6 +36,14 @@ constexpr std::uint64_t jpegFreeBlocks = std::uint64_t{1} << 22;
 /// Most bytes of fields that the first directory of a TIFF is read with.
 constexpr std::uint64_t tiffDirectoryBytes = std::uint64_t{24} << 20;
 
+/// Most fields of that directory, libtiff's own limit.
+constexpr std::uint64_t tiffFields = 4096;
+
+/// Bytes that libtiff is not called without, besides those for what grows with the file: it does
+/// not survive that there is no memory for some of its small blocks. Its tables for LZW are the
+/// most.
+constexpr std::size_t tiffSpareBytes = 1 << 20;
+
 /// Longest side of a PNG, libpng's own limit, and of a JPEG that is written, libjpeg's.
 constexpr int pngSide = 1000000;
 constexpr int jpegSide = 65500;

@@ -14,4 +14,14 @@ inline VelBlock velAllocate(std::size_t size) noexcept
     return VelBlock(static_cast<unsigned char*>(std::malloc(size)), &std::free);
 }
 
+/// Whether there are @p size bytes to be had at this moment.
+inline bool velHasMemory(std::size_t size) noexcept
+{
+    // A compiler may take away an allocation that nobody looks at.
+    void* volatile probe = std::malloc(size);
+    bool const isThere = probe != nullptr;
+    std::free(probe);
+    return isThere;
+}
+
 #endif

@@ -36,7 +36,7 @@ public:
     bool isWhole() const noexcept
     {
         std::uint64_t const at = start + countSize();
-        return start < input.size() && at <= input.size() &&
+        return start < input.size() && at <= input.size() && count <= vellimits::tiffFields &&
                (input.size() - at) / entrySize() >= count &&
                input.size() - at - count * entrySize() >= linkSize();
     }
@@ -53,6 +53,19 @@ public:
                 return at + 4 + linkSize();
         }
         return 0;
+    }
+
+    /// Bytes of all values, as far as they are read at all. The directory must be whole.
+    std::uint64_t valueBytes() const noexcept
+    {
+        std::uint64_t bytes = 0;
+        for (std::uint64_t i = 0; i < count; ++i) {
+            std::uint64_t const at = start + countSize() + i * entrySize();
+            constexpr std::uint64_t longestValue = 8;
+            std::uint64_t const values = number(at + 4, linkSize());
+            bytes += longestValue * std::min(values, vellimits::tiffDirectoryBytes);
+        }
+        return std::min(bytes, vellimits::tiffDirectoryBytes);
     }
 
     /// The bytes that @p value has in this file.
@@ -224,8 +237,11 @@ Layout layoutOf(TIFF* tiff)
     TIFFGetFieldDefaulted(tiff, TIFFTAG_PLANARCONFIG, &layout.planes);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_COMPRESSION, &layout.compression);
     TIFFGetFieldDefaulted(tiff, TIFFTAG_ORIENTATION, &layout.orientation);
+    // Out of memory, libtiff may keep the number of values without the values, here and in
+    // palettes.
     if (TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &extraSamples, &extraKinds))
         layout.hasUnassociatedAlpha =
+            !extraKinds ||
             std::count(extraKinds, extraKinds + extraSamples, EXTRASAMPLE_UNASSALPHA) > 0;
     return layout;
 }
@@ -302,8 +318,9 @@ public:
     /// False for a picture that needs a palette and has none.
     bool read(TIFF* tiff)
     {
-        std::uint16_t const* maps[3]; // red, green, blue
-        if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &maps[0], &maps[1], &maps[2]))
+        std::uint16_t const* maps[3] = {}; // red, green, blue
+        if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &maps[0], &maps[1], &maps[2]) ||
+            std::count(std::begin(maps), std::end(maps), nullptr) > 0)
             return false;
         bool const isDeep = std::any_of(std::begin(maps), std::end(maps), [](auto const* map) {
             return std::any_of(map, map + size, [](std::uint16_t value) { return value > 255; });
@@ -560,7 +577,9 @@ bool writeStrips(TIFF* tiff, VelPixels const& pixels, std::uint32_t rowsPerStrip
 VelPixels* velcodec::readTiff(VelInput const& input)
 {
     Directory const directory(input);
-    if (!directory.isWhole())
+    // Values are read into one block and kept in another.
+    if (!directory.isWhole() ||
+        !velHasMemory(vellimits::tiffSpareBytes + 2 * directory.valueBytes()))
         return nullptr;
     // The marks that leave the values alone: an orientation is not applied, nor is an alpha.
     Source source = {
@@ -582,6 +601,11 @@ bool velcodec::writeTiff(VelPixels const& pixels, int effort, VelOutput& output)
     int const valueBytes = geometry.rowBytes() / (geometry.width * geometry.channels);
     constexpr int usualStripBytes = 8192;
     int const rowsPerStrip = std::clamp(usualStripBytes / geometry.rowBytes(), 1, geometry.height);
+    // The places and the sizes of all strips, as they are kept, as they are written, and once more.
+    constexpr std::size_t stripBytes = 64;
+    if (!velHasMemory(vellimits::tiffSpareBytes +
+                      stripBytes * static_cast<std::size_t>(geometry.height)))
+        return false;
     Target target = {output};
     Tiff tiff = openToWrite(target);
     if (!tiff)
