@@ -27,8 +27,8 @@ constexpr bool isLittleEndian = false;
 #endif
 
 /// The chunks of a file without those that have no bearing on the pixels: nobody looks into them,
-/// and so they may be damaged. What is not marked as ancillary stays, for libpng to refuse what it
-/// does not know.
+/// and so they may be damaged. The file ends at a chunk that is needed and that nobody knows;
+/// libpng itself passes over it behind the pixels.
 class Chunks
 {
 public:
@@ -64,7 +64,7 @@ private:
         constexpr std::size_t checksumSize = 4;
         while (stream.read(header.data(), header.size())) {
             std::size_t const size = std::size_t{png_get_uint_32(header.data())} + checksumSize;
-            if (size > fileSize - stream.offset())
+            if (size > fileSize - stream.offset() || (isCritical() && !isKnown()))
                 return false;
             if (bearsOnPixels()) {
                 headerLeft = header.size();
@@ -76,11 +76,19 @@ private:
         return false;
     }
 
-    bool bearsOnPixels() const noexcept
+    bool is(char const* name) const noexcept
+    {
+        return std::memcmp(header.data() + 4, name, 4) == 0;
+    }
+
+    bool bearsOnPixels() const noexcept { return is("tRNS") || isCritical(); }
+    bool isKnown() const noexcept { return is("IHDR") || is("PLTE") || is("IDAT") || is("IEND"); }
+
+    /// Whether the picture cannot be understood without the chunk, as its name says.
+    bool isCritical() const noexcept
     {
         constexpr unsigned char ancillary = 0x20;
-        unsigned char const* const name = header.data() + 4;
-        return (name[0] & ancillary) == 0 || std::memcmp(name, "tRNS", 4) == 0;
+        return (header[4] & ancillary) == 0;
     }
 
     std::uint64_t fileSize;

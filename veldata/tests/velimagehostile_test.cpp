@@ -306,6 +306,24 @@ TEST(VelImageHostile, DamagedSideInformationOfAPngIsPassedOverInSilence)
     EXPECT_TRUE(same(viewOf(image), mat));
 }
 
+TEST(VelImageHostile, APngThatNeedsWhatNobodyKnowsIsRefusedInSilence)
+{
+    Bytes const whole = encoded(".png", picture(CV_8UC3));
+    Victim victim;
+    Console console;
+    for (std::ptrdiff_t at : {std::ptrdiff_t{33}, static_cast<std::ptrdiff_t>(whole.size()) - 12}) {
+        // A small first letter marks what a reader may pass over.
+        for (auto const& [name, isRefused] :
+             {std::pair<char const*, bool>{"ABCD", true}, {"AbCd", true}, {"abCd", false}}) {
+            Bytes bytes = whole;
+            Bytes const chunk = pngChunk(name, {1, 2, 3});
+            bytes.insert(bytes.begin() + at, chunk.begin(), chunk.end());
+            EXPECT_EQ(victim.refuses(bytes), isRefused) << name << " at " << at;
+        }
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
 TEST(VelImageHostile, APngWithAWrongChecksumOverItsPixelsIsRefused)
 {
     Bytes bytes = encoded(".png", picture(CV_8UC3));
