@@ -64,7 +64,7 @@ public:
         source.resync_to_restart = jpeg_resync_to_restart;
         source.term_source = [](j_decompress_ptr) {};
         progress.progress_monitor = [](j_common_ptr decoder) {
-            of(reinterpret_cast<j_decompress_ptr>(decoder)).countWork();
+            of(reinterpret_cast<j_decompress_ptr>(decoder)).onProgress();
         };
     }
 
@@ -187,13 +187,15 @@ private:
     boolean fill()
     {
         source.bytes_in_buffer = stream.takeWindow(source.next_input_byte);
-        if (source.bytes_in_buffer == 0)
+        idleBytes += source.bytes_in_buffer;
+        if (source.bytes_in_buffer == 0 || idleBytes > vellimits::jpegIdleBytes)
             refuse(reinterpret_cast<j_common_ptr>(&info));
         return TRUE;
     }
 
     void skip(long count)
     {
+        idleBytes = 0;
         auto const wanted = static_cast<std::size_t>(std::max(count, 0L));
         std::size_t const inWindow = std::min(wanted, source.bytes_in_buffer);
         source.next_input_byte += inWindow;
@@ -202,9 +204,18 @@ private:
             stream.skip(wanted - inWindow);
     }
 
-    /// Called for every row of blocks of every scan where there are several: scans may be almost
-    /// empty, and still every one of them goes through all of its blocks.
-    void countWork()
+    /// Called for every row of blocks of every scan where there are several, and for every row of
+    /// pixels in any case.
+    void onProgress()
+    {
+        idleBytes = 0;
+        bool const isAbsorbingScans = !pixels && jpeg_has_multiple_scans(&info);
+        if (isAbsorbingScans)
+            countBlocks();
+    }
+
+    /// Scans may be almost empty, and still every one of them goes through all of its blocks.
+    void countBlocks()
     {
         bool const isOnePlane = info.comps_in_scan == 1;
         auto const rows =
@@ -212,8 +223,7 @@ private:
         blocksDone += rows * info.MCUs_per_row * static_cast<std::uint64_t>(info.blocks_in_MCU);
         std::uint64_t const bytesDone = stream.offset() - source.bytes_in_buffer;
         if (info.input_scan_number > vellimits::jpegScans ||
-            (jpeg_has_multiple_scans(&info) &&
-             blocksDone > vellimits::jpegFreeBlocks + vellimits::jpegBlocksPerByte * bytesDone))
+            blocksDone > vellimits::jpegFreeBlocks + vellimits::jpegBlocksPerByte * bytesDone)
             refuse(reinterpret_cast<j_common_ptr>(&info));
     }
 
@@ -225,6 +235,7 @@ private:
     VelInputStream stream;
     VelPixels* pixels = nullptr;
     std::uint64_t blocksDone = 0;
+    std::uint64_t idleBytes = 0;
 };
 
 /// What libjpeg writes to.

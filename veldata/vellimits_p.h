@@ -33,6 +33,10 @@ constexpr int jpegScans = 500;
 constexpr std::uint64_t jpegBlocksPerByte = 128;
 constexpr std::uint64_t jpegFreeBlocks = std::uint64_t{1} << 22;
 
+/// Most bytes that a JPEG is searched for what comes next. The longest row of blocks takes half of
+/// that.
+constexpr std::uint64_t jpegIdleBytes = std::uint64_t{64} << 20;
+
 /// Most bytes of fields that the first directory of a TIFF is read with.
 constexpr std::uint64_t tiffDirectoryBytes = std::uint64_t{24} << 20;
 

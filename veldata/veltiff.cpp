@@ -375,6 +375,8 @@ private:
             if (!row)
                 return false;
         }
+        // Strips may share their bytes, but not so that a small file takes for ever.
+        source.mayRead = 4 * source.input.size() + 16 * pixels->geometry.bytes();
         std::uint32_t strip = 0;
         for (std::uint32_t y = 0; y < layout.height; y += rowsPerStrip, ++strip) {
             std::uint32_t const rows = std::min(rowsPerStrip, layout.height - y);
@@ -399,14 +401,9 @@ private:
     bool readStrip(std::uint32_t strip, std::uint32_t rows, unsigned char* to)
     {
         std::size_t const size = layout.rowBytes() * rows;
-        std::uint64_t const packed = TIFFGetStrileByteCount(tiff, strip);
-        bool const isPacked = layout.compression != COMPRESSION_NONE;
-        // Not all of what a strip claims need be there, but no strip is much larger packed.
-        constexpr std::uint64_t spare = 4096;
-        if (!isPacked && packed < size)
+        // libtiff takes the bytes behind an uncompressed strip that is too short.
+        if (layout.compression == COMPRESSION_NONE && TIFFGetStrileByteCount(tiff, strip) < size)
             return false;
-        source.mayRead = isPacked ? std::min(packed, source.input.size()) : size;
-        source.mayRead = std::min<std::uint64_t>(source.mayRead, 16 * size + spare);
         return TIFFReadEncodedStrip(tiff, strip, to, static_cast<tmsize_t>(size)) ==
                static_cast<tmsize_t>(size);
     }
@@ -421,7 +418,6 @@ private:
                 return false;
         }
         for (std::uint16_t plane = 0; plane < layout.samples; ++plane) {
-            source.mayRead = source.input.size();
             std::size_t const channel = plane < 3 ? 2U - plane : plane;
             unsigned char* value = to + channel;
             for (std::uint32_t i = 0; i < rows; ++i) {
