@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -141,6 +142,35 @@ TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
     jpeg.colour = {10};
     jpeg.colours = JCS_GRAYSCALE;
     EXPECT_EQ(readBytes(jpeg.bytes()).Channels(), 1);
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// A flat grey progressive picture, whose last scan, which brings nothing new, comes @p times.
+Bytes flatPicture(int side, int times)
+{
+    Bytes bytes = encoded(".jpg", cv::Mat(side, side, CV_8UC1, cv::Scalar(128)),
+                          {cv::IMWRITE_JPEG_PROGRESSIVE, 1});
+    Bytes const startOfScan = {0xFF, 0xDA};
+    auto const last =
+        std::find_end(bytes.begin(), bytes.end(), startOfScan.begin(), startOfScan.end());
+    Bytes const scan(last, bytes.end() - 2); // all but the end marker
+    bytes.erase(last, bytes.end());
+    for (int i = 0; i < times; ++i)
+        bytes.insert(bytes.end(), scan.begin(), scan.end());
+    bytes.insert(bytes.end(), {0xFF, 0xD9});
+    return bytes;
+}
+
+TEST(VelImageJpeg, FlatPicturesInManyScansAreReadUnlessTheirWorkIsOutOfProportion)
+{
+    Console console;
+    EXPECT_EQ(readBytes(flatPicture(3000, 1)).Width(), 3000);
+    EXPECT_EQ(readBytes(flatPicture(100, 1)).Width(), 100);
+    EXPECT_EQ(readBytes(flatPicture(3000, 300)).ImageData(), nullptr);
+    // All that may follow a picture does not make its scans worth more.
+    Bytes padded = flatPicture(3000, 300);
+    padded.resize(padded.size() + (4 << 20));
+    EXPECT_EQ(readBytes(padded).ImageData(), nullptr);
     EXPECT_EQ(console.caught(), "");
 }
 
