@@ -89,8 +89,8 @@ struct RawPng
         Bytes fields;
         appendBig(fields, width, 4);
         appendBig(fields, height, 4);
-        append(fields,
-               {static_cast<unsigned char>(bits), static_cast<unsigned char>(colourType), 0, 0, 0});
+        append(fields, {static_cast<unsigned char>(bits), static_cast<unsigned char>(colourType), 0,
+                        0, static_cast<unsigned char>(isInterlaced)});
         Bytes file = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
         append(file, chunkOf("IHDR", fields));
         if (colourType == 3)
@@ -241,6 +241,7 @@ struct RawTiff
     std::uint32_t rowsPerStrip = 64;
     /// Fields by tag that differ or come in addition: type and value.
     std::vector<std::pair<unsigned, std::pair<unsigned, std::uint32_t>>> changes = {};
+    bool hasPalette = false;
 
     std::uint64_t pixelBytes() const { return std::uint64_t{width} * height; }
 
@@ -258,6 +259,10 @@ struct RawTiff
                                      {262, shortType, 1, 1},    {273, longType, strips, 0},
                                      {277, shortType, 1, 1},    {278, longType, 1, rowsPerStrip},
                                      {279, longType, strips, 0}};
+        if (hasPalette) {
+            fields[4].value = 3;
+            fields.push_back({320, shortType, 768, 0});
+        }
         for (auto const& [tag, what] : changes) {
             auto field = fields.begin();
             while (field != fields.end() && field->tag < tag)
@@ -268,7 +273,8 @@ struct RawTiff
             field->value = what.second;
         }
         auto const listsAt = static_cast<std::uint32_t>(8 + 2 + 12 * fields.size() + 4);
-        std::uint32_t const pixelsAt = strips > 1 ? listsAt + 8 * strips : listsAt;
+        std::uint32_t const paletteAt = strips > 1 ? listsAt + 8 * strips : listsAt;
+        std::uint32_t const pixelsAt = paletteAt + (hasPalette ? 2 * 768 : 0);
         Bytes file = {'I', 'I', 42, 0, 8, 0, 0, 0};
         appendLittle(file, fields.size(), 2);
         for (Field const& field : fields) {
@@ -278,6 +284,8 @@ struct RawTiff
             else if (field.tag == 279 && !value)
                 value =
                     strips > 1 ? listsAt + 4 * strips : static_cast<std::uint32_t>(pixelBytes());
+            else if (field.tag == 320)
+                value = paletteAt;
             appendLittle(file, field.tag, 2);
             appendLittle(file, field.type, 2);
             appendLittle(file, field.count, 4);
@@ -292,6 +300,8 @@ struct RawTiff
                 appendLittle(file, std::uint64_t{rows} * width, 4);
             }
         }
+        if (hasPalette)
+            file.resize(file.size() + 2 * 768, 77);
         return file;
     }
 };

@@ -14,6 +14,7 @@
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,8 +28,8 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// What happens to the calls while it lives. Answers of a hook: whether it answered the call, with
-/// the value in its argument.
+/// What happens to the calls while it lives. A hook may ask for fewer bytes; it answers whether the
+/// call is not made at all, with what it answers then in the last argument.
 struct Faults
 {
     Faults() { current = this; }
@@ -36,8 +37,8 @@ struct Faults
     Faults& operator=(Faults const&) = delete;
     ~Faults() { current = nullptr; }
 
-    std::function<bool(int fd, std::size_t& size, ssize_t& answer)> onRead;
-    std::function<bool(int fd, std::size_t& size, ssize_t& answer)> onWrite;
+    std::function<bool(std::size_t& size, ssize_t& answer)> onRead;
+    std::function<bool(std::size_t& size, ssize_t& answer)> onWrite;
     std::function<void(char const* path, int flags)> onOpen;
     std::function<bool(int& answer)> onSync;
     std::function<bool(int& answer)> onClose;
@@ -61,57 +62,60 @@ int fail(int error)
     return -1;
 }
 
-int openFile(char const* path, int flags, va_list arguments)
-{
-    if (Faults* const faults = Faults::current) {
-        faults->note(flags & O_CREAT ? "create" : "open");
-        if (faults->onOpen)
-            faults->onOpen(path, flags);
-    }
-    int const mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, int) : 0;
-    return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
-}
-
 } // namespace
 
 extern "C" {
 
 int open(char const* path, int flags, ...)
 {
+    if (Faults* const faults = Faults::current) {
+        faults->note(flags & O_CREAT ? "create" : "open");
+        if (faults->onOpen)
+            faults->onOpen(path, flags);
+    }
     va_list arguments;
     va_start(arguments, flags);
-    int const fd = openFile(path, flags, arguments);
+    int const mode = flags & O_CREAT ? va_arg(arguments, int) : 0;
     va_end(arguments);
-    return fd;
+    return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-int open64(char const* path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    int const fd = openFile(path, flags, arguments);
-    va_end(arguments);
-    return fd;
-}
-
-ssize_t read(int fd, void* data, std::size_t size)
+ssize_t pread(int fd, void* data, std::size_t size, off_t offset)
 {
     ssize_t answer = 0;
     Faults* const faults = Faults::current;
-    if (faults && faults->onRead && faults->onRead(fd, size, answer))
+    if (faults && faults->onRead && faults->onRead(size, answer))
         return answer;
-    return ::syscall(SYS_read, fd, data, size);
+    return ::syscall(SYS_pread64, fd, data, size, offset);
 }
 
-ssize_t write(int fd, void const* data, std::size_t size)
+ssize_t preadv(int fd, iovec const* places, int count, off_t offset)
+{
+    std::size_t wanted = 0;
+    for (int i = 0; i < count; ++i)
+        wanted += places[i].iov_len;
+    std::size_t size = wanted;
+    ssize_t answer = 0;
+    Faults* const faults = Faults::current;
+    if (faults && faults->onRead && faults->onRead(size, answer))
+        return answer;
+    std::vector<iovec> some(places, places + count);
+    for (iovec& place : some) {
+        place.iov_len = std::min(place.iov_len, size);
+        size -= place.iov_len;
+    }
+    return ::syscall(SYS_preadv, fd, some.data(), some.size(), offset, 0L);
+}
+
+ssize_t pwrite(int fd, void const* data, std::size_t size, off_t offset)
 {
     ssize_t answer = 0;
     Faults* const faults = Faults::current;
     if (faults)
         faults->note("write");
-    if (faults && faults->onWrite && faults->onWrite(fd, size, answer))
+    if (faults && faults->onWrite && faults->onWrite(size, answer))
         return answer;
-    return ::syscall(SYS_write, fd, data, size);
+    return ::syscall(SYS_pwrite64, fd, data, size, offset);
 }
 
 int fsync(int fd)
@@ -239,7 +243,7 @@ TEST_F(VelImageFaults, WhatLiesAtTheTemporaryNameIsLeftAlone)
 TEST_F(VelImageFaults, WritesThatTakeALittleAtATimeAreContinued)
 {
     int count = 0;
-    faults.onWrite = [&count](int, std::size_t& size, ssize_t& answer) {
+    faults.onWrite = [&count](std::size_t& size, ssize_t& answer) {
         if (++count % 3 == 0) {
             answer = fail(EINTR);
             return true;
@@ -256,7 +260,7 @@ TEST_F(VelImageFaults, AWriteThatFailsHalfwayIsAFailure)
 {
     for (int error : {ENOSPC, EIO, EDQUOT, EFBIG}) {
         int count = 0;
-        faults.onWrite = [&count, error](int, std::size_t& size, ssize_t& answer) {
+        faults.onWrite = [&count, error](std::size_t& size, ssize_t& answer) {
             if (++count > 2) {
                 answer = fail(error);
                 return true;
@@ -271,7 +275,7 @@ TEST_F(VelImageFaults, AWriteThatFailsHalfwayIsAFailure)
 
 TEST_F(VelImageFaults, AWriteThatTakesNothingIsAFailure)
 {
-    faults.onWrite = [](int, std::size_t&, ssize_t& answer) {
+    faults.onWrite = [](std::size_t&, ssize_t& answer) {
         answer = 0;
         return true;
     };
@@ -322,7 +326,7 @@ TEST(VelImageReadFaults, ReadsThatBringALittleAtATimeAreContinued)
         writeFile(path, encoded(format.c_str(), large()));
         Faults faults;
         int count = 0;
-        faults.onRead = [&count](int, std::size_t& size, ssize_t& answer) {
+        faults.onRead = [&count](std::size_t& size, ssize_t& answer) {
             if (++count % 3 == 0) {
                 answer = fail(EINTR);
                 return true;
@@ -345,7 +349,7 @@ TEST(VelImageReadFaults, AReadThatFailsIsAFailure)
         for (int good : {0, 1, 2, 20}) {
             Faults faults;
             int count = 0;
-            faults.onRead = [&count, good](int, std::size_t& size, ssize_t& answer) {
+            faults.onRead = [&count, good](std::size_t& size, ssize_t& answer) {
                 if (++count > good) {
                     answer = fail(EIO);
                     return true;
@@ -373,7 +377,7 @@ TEST(VelImageReadFaults, AFileThatShrinksWhileItIsReadIsRefused)
                 writeFile(path, bytes);
                 Faults faults;
                 int count = 0;
-                faults.onRead = [&](int, std::size_t& size, ssize_t&) {
+                faults.onRead = [&](std::size_t& size, ssize_t&) {
                     if (++count == cutAt)
                         std::filesystem::resize_file(path, left);
                     size = std::min<std::size_t>(size, 4096);
@@ -395,7 +399,7 @@ TEST(VelImageReadFaults, AFileThatGrowsWhileItIsReadIsReadAsItWas)
         Bytes const bytes = encoded(format.c_str(), large());
         writeFile(path, bytes);
         Faults faults;
-        faults.onRead = [&](int, std::size_t&, ssize_t&) {
+        faults.onRead = [&](std::size_t&, ssize_t&) {
             std::filesystem::resize_file(path, bytes.size() + 100000);
             return false;
         };

@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -102,8 +103,11 @@ TEST(VelImageLimits, ClaimsOfMoreThanAGibibyteAreRefusedWithoutTheMemoryForThem)
     };
     auto const tiff = [](std::uint32_t width, std::uint32_t height, std::uint32_t bits,
                          std::uint32_t photometric, std::uint32_t samples) {
-        return RawTiff{
-            width, height, 64, {{258, {3, bits}}, {262, {3, photometric}}, {277, {3, samples}}}}
+        return RawTiff{width,
+                       height,
+                       64,
+                       {{258, {3, bits}}, {262, {3, photometric}}, {277, {3, samples}}},
+                       photometric == 3}
             .header();
     };
     std::pair<char const*, Bytes> const claims[] = {
@@ -344,6 +348,8 @@ void writeInOneStrip(std::string const& path, cv::Mat const& mat)
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, mat.rows);
     TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, Bits ? Bits : static_cast<int>(mat.elemSize1() * 8));
     TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, mat.channels());
+    TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT,
+                 mat.depth() == CV_32F ? SAMPLEFORMAT_IEEEFP : SAMPLEFORMAT_UINT);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, Photometric < 0 ? colours : Photometric);
     TIFFSetField(tiff, TIFFTAG_COMPRESSION, Compression);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, Planes);
@@ -360,11 +366,12 @@ void writeInOneStrip(std::string const& path, cv::Mat const& mat)
 
 void writeAscii(std::string const& path, cv::Mat const& mat)
 {
-    Bytes bytes =
-        bytesOf("P2\n" + std::to_string(mat.cols) + " " + std::to_string(mat.rows) + "\n1\n");
-    for (std::size_t i = mat.total(); i > 0; --i)
-        append(bytes, {'0', ' '});
-    writeFile(path, bytes);
+    std::string text = "P2\n" + std::to_string(mat.cols) + " " + std::to_string(mat.rows) + "\n1\n";
+    std::size_t const header = text.size();
+    text.resize(header + 2 * mat.total(), ' ');
+    for (std::size_t i = header; i < text.size(); i += 2)
+        text[i] = '0';
+    std::ofstream(path, std::ios::binary) << text;
 }
 
 void writePalette(std::string const& path, cv::Mat const& mat)

@@ -169,14 +169,26 @@ TEST_F(VelImageReplace, ChainsOfSymbolicLinksLeadToTheFile)
     EXPECT_EQ(directory.entries().size(), 2u);
 }
 
-TEST_F(VelImageReplace, ADanglingSymbolicLinkIsRefusedAndKept)
+TEST_F(VelImageReplace, ADanglingSymbolicLinkIsFollowedToWhereItPoints)
 {
-    std::filesystem::create_symlink("missing.png", directory.path("link.png"));
+    std::filesystem::create_directory(directory.path("deep"));
+    std::filesystem::create_symlink("deep/new.png", directory.path("link.png"));
+    EXPECT_TRUE(savesTo(directory.path("link.png")));
+    EXPECT_EQ(std::filesystem::read_symlink(directory.path("link.png")), "deep/new.png");
+    EXPECT_TRUE(holdsTheNew(directory.path("deep/new.png")));
+    EXPECT_TRUE(std::filesystem::is_regular_file(directory.path("deep/new.png")));
+}
+
+TEST_F(VelImageReplace, SymbolicLinksThatLeadNowhereAreRefusedAndKept)
+{
     std::filesystem::create_symlink("circle.png", directory.path("circle.png"));
-    EXPECT_FALSE(savesTo(directory.path("link.png")));
+    std::filesystem::create_symlink("missing/image.png", directory.path("lost.png"));
+    Names before = directory.entries();
     EXPECT_FALSE(savesTo(directory.path("circle.png")));
-    EXPECT_EQ(std::filesystem::read_symlink(directory.path("link.png")), "missing.png");
-    EXPECT_EQ(directory.entries().size(), 2u);
+    EXPECT_FALSE(savesTo(directory.path("lost.png")));
+    EXPECT_EQ(directory.entries(), before);
+    EXPECT_TRUE(std::filesystem::is_symlink(directory.path("circle.png")));
+    EXPECT_TRUE(std::filesystem::is_symlink(directory.path("lost.png")));
 }
 
 /// What only root can set up: files of others, and itself as one of them.
