@@ -98,6 +98,8 @@ int sweep(char const* what, TemporaryDirectory const& directory, std::string con
     constexpr rlim_t margin = 8;
     int failures = 0;
     rlim_t const first = lastThatCannotStart(what, path);
+    if (before.empty())
+        std::filesystem::remove(path);
     int successes = 0;
     for (rlim_t limit = first > margin ? first - margin : 0; successes < 8 && limit < plenty / step;
          ++limit) {
