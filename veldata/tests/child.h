@@ -30,6 +30,7 @@ struct Cost
 {
     int answer;               ///< -1 where the process died of it
     std::size_t addressSpace; ///< bytes of it at the highest, beyond those at the beginning
+    std::size_t resident;     ///< bytes of memory at the highest, likewise
     std::size_t bytesRead;    ///< by system calls
     double cpuSeconds;
 };
@@ -54,12 +55,12 @@ inline double cpuSeconds()
            static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) * 1e-6;
 }
 
-/// Measures @p operation in a child process. The address space counts, not what of it is resident:
-/// it holds what is allocated and never written, and does not depend on what else the machine does.
+/// Measures @p operation in a child process. The address space is the stricter measure: it holds
+/// what is allocated and never written, and does not depend on what else the machine does.
 template <class Operation>
 Cost costOf(Operation const& operation)
 {
-    Cost cost = {-1, 0, 0, 0};
+    Cost cost = {-1, 0, 0, 0, 0};
     int ends[2];
     if (::pipe(ends) != 0)
         return cost;
@@ -68,16 +69,18 @@ Cost costOf(Operation const& operation)
         ::mallopt(M_MMAP_THRESHOLD, 128 * 1024);
         ::malloc_trim(0);
         std::size_t const space = numberIn("/proc/self/status", "VmSize:");
+        std::size_t const resident = numberIn("/proc/self/status", "VmRSS:");
         std::size_t const read = numberIn("/proc/self/io", "rchar:");
         double const seconds = cpuSeconds();
         cost.answer = operation();
         cost.cpuSeconds = cpuSeconds() - seconds;
         cost.bytesRead = numberIn("/proc/self/io", "rchar:") - read;
+        cost.resident = (numberIn("/proc/self/status", "VmHWM:") - resident) * 1024;
         cost.addressSpace = (numberIn("/proc/self/status", "VmPeak:") - space) * 1024;
         return ::write(ends[1], &cost, sizeof cost) == sizeof cost ? 0 : 1;
     });
     if (status != 0 || ::read(ends[0], &cost, sizeof cost) != sizeof cost)
-        cost = {-1, 0, 0, 0};
+        cost = {-1, 0, 0, 0, 0};
     ::close(ends[0]);
     ::close(ends[1]);
     return cost;

@@ -248,7 +248,7 @@ struct RawTiff
     Bytes header() const
     {
         constexpr unsigned shortType = 3, longType = 4;
-        std::uint32_t const strips = (height + rowsPerStrip - 1) / rowsPerStrip;
+        std::uint32_t const strips = (height - 1) / rowsPerStrip + 1;
         struct Field
         {
             unsigned tag, type;

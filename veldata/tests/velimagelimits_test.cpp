@@ -168,6 +168,87 @@ TEST(VelImageLimits, JpegsThatPromiseMoreBlocksThanTheirBytesHoldAreRefusedWitho
     }
 }
 
+/// Four inks take more than the colours that become of them.
+TEST(VelImageLimits, JpegsThatNeedMoreThanTwoGibibytesOfCoefficientsAreRefusedWithoutThem)
+{
+    for (bool isProgressive : {false, true}) {
+        RawJpeg const jpeg{16384, 16392, 4, isProgressive, false};
+        ASSERT_LT(std::uint64_t{16384} * 16392 * 3, std::uint64_t{1} << 30);
+        expectCheapRefusal(jpeg.bytes());
+    }
+}
+
+/// Sets how many values the field @p tag of a small TIFF file claims to have.
+Bytes withCount(Bytes header, unsigned tag, std::uint32_t count)
+{
+    constexpr std::size_t entries = 10, entrySize = 12;
+    for (std::size_t at = entries; at + entrySize <= header.size(); at += entrySize) {
+        if ((header[at] | header[at + 1] << 8) == static_cast<int>(tag)) {
+            for (std::size_t i = 0; i < 4; ++i)
+                header[at + 4 + i] = static_cast<unsigned char>(count >> (8 * i));
+            return header;
+        }
+    }
+    ADD_FAILURE() << "no field " << tag;
+    return header;
+}
+
+/// The file is long enough for all of them, so that only a limit keeps them out. libtiff asks for
+/// larger blocks than it fills.
+TEST(VelImageLimits, FieldsOfATiffThatClaimManyValuesCostLittle)
+{
+    constexpr unsigned byteType = 1, shortType = 3, longType = 4;
+    constexpr unsigned offsets = 273, sizes = 279, extraSamples = 338, own = 65000;
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    RawTiff const tiff{8,
+                       8,
+                       8,
+                       {{320, {shortType, 1000}},
+                        {extraSamples, {shortType, 0}},
+                        {34675, {byteType, 1000}},
+                        {own, {longType, 1000}}}};
+    for (unsigned tag : {258u, offsets, sizes, 320u, extraSamples, 34675u, own}) {
+        for (std::uint32_t count : {1u << 26, 1u << 28}) {
+            writeSparse(path, withCount(tiff.header(), tag, count), 0x7FFFFFFF);
+            Cost const cost = costOfReading(path);
+            EXPECT_GE(cost.answer, 0) << tag;
+            EXPECT_LE(cost.resident, mostForARefusal) << tag << ' ' << count;
+            EXPECT_LE(cost.bytesRead, mostForARefusal) << tag << ' ' << count;
+        }
+    }
+}
+
+TEST(VelImageLimits, AStripThatClaimsManyBytesForFewPixelsCostsLittle)
+{
+    constexpr unsigned shortType = 3, longType = 4;
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    for (std::uint32_t compression : {1u, 5u, 8u, 32773u, 32946u}) {
+        RawTiff const tiff{
+            8, 8, 8, {{259, {shortType, compression}}, {279, {longType, 0x7FFFF000}}}};
+        writeSparse(path, tiff.header(), 0x7FFFFFFF);
+        Cost const cost = costOfReading(path);
+        EXPECT_GE(cost.answer, 0) << compression;
+        EXPECT_LE(cost.addressSpace, mostForARefusal) << compression;
+        EXPECT_LE(cost.bytesRead, mostForARefusal) << compression;
+    }
+}
+
+/// Programs say so when they mean one strip for everything.
+TEST(VelImageLimits, AStripOfMoreRowsThanThePictureHasCostsNoMore)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    RawTiff tiff{8, 8, 0xFFFFFFFF};
+    Bytes bytes = tiff.header();
+    bytes.resize(bytes.size() + tiff.pixelBytes(), 9);
+    writeFile(path, bytes);
+    Cost const cost = costOfReading(path);
+    EXPECT_EQ(cost.answer, 1);
+    EXPECT_LE(cost.addressSpace, 16 * mebibyte);
+}
+
 /// Files of exactly a gibibyte of pixels, and of one row more.
 class VelImageLargest : public testing::Test
 {
@@ -366,7 +447,8 @@ void writeInOneStrip(std::string const& path, cv::Mat const& mat)
 
 void writeAscii(std::string const& path, cv::Mat const& mat)
 {
-    std::string text = "P2\n" + std::to_string(mat.cols) + " " + std::to_string(mat.rows) + "\n1\n";
+    std::string text =
+        "P2\n" + std::to_string(mat.cols) + " " + std::to_string(mat.rows) + "\n65535\n";
     std::size_t const header = text.size();
     text.resize(header + 2 * mat.total(), ' ');
     for (std::size_t i = header; i < text.size(); i += 2)
@@ -455,7 +537,7 @@ INSTANTIATE_TEST_SUITE_P(
         LargeFile{"TiffPalette", CV_8UC3, writePalette}, LargeFile{"Bitmap", CV_8UC1, writeAs<bmp>},
         LargeFile{"BitmapColour", CV_8UC3, writeAs<bmp>},
         LargeFile{"PortableMap", CV_16UC1, writeAs<pgm>},
-        LargeFile{"PortableMapAscii", CV_8UC1, writeAscii}),
+        LargeFile{"PortableMapAscii", CV_16UC1, writeAscii}),
     [](auto const& tested) { return std::string(tested.param.name); });
 
 } // namespace
