@@ -558,7 +558,8 @@ bool writeStrips(TIFF* tiff, VelPixels const& pixels, std::uint32_t rowsPerStrip
         std::size_t const size = rowBytes * std::min(rowsPerStrip, height - y);
         std::memcpy(window.get(), pixels.data + y * rowBytes, size);
         if (geometry.channels > 1) {
-            std::size_t const pixelBytes = static_cast<std::size_t>(geometry.channels * valueBytes);
+            auto const channels = static_cast<std::size_t>(geometry.channels);
+            std::size_t const pixelBytes = channels * static_cast<std::size_t>(valueBytes);
             velorder::exchangeRedAndBlue(window.get(), size / pixelBytes, geometry.channels,
                                          valueBytes);
         }

@@ -140,6 +140,24 @@ TEST(VelImageJpeg, InksKeptAsBrightnessAreWhatOpenCvDecodes)
     EXPECT_EQ(console.caught(), "");
 }
 
+/// libjpeg itself would fill up what is missing with grey.
+TEST(VelImageJpeg, APictureWhoseEndComesTooEarlyIsRefusedInSilence)
+{
+    Console console;
+    for (int isProgressive : {0, 1}) {
+        for (int isInRestarts : {0, 1}) {
+            Bytes const whole = encoded(".jpg", picture(CV_8UC3),
+                                        {cv::IMWRITE_JPEG_PROGRESSIVE, isProgressive,
+                                         cv::IMWRITE_JPEG_RST_INTERVAL, isInRestarts});
+            EXPECT_NE(readBytes(whole).ImageData(), nullptr);
+            Bytes cut(whole.begin(), whole.end() - 60);
+            cut.insert(cut.end(), {0xFF, 0xD9});
+            EXPECT_EQ(readBytes(cut).ImageData(), nullptr);
+        }
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
 TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
 {
     Console console;
