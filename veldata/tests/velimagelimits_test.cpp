@@ -236,21 +236,39 @@ TEST(VelImageLimits, AStripThatClaimsManyBytesForFewPixelsCostsLittle)
     }
 }
 
-/// A few bytes that make every strip of a large picture.
-TEST(VelImageLimits, StripsThatShareTheirBytesAreRefused)
+/// The strips share their bytes, and each of them claims the whole file to be packed pixels.
+TEST(VelImageLimits, ATiffIsNotReadOverAndOver)
 {
+    constexpr std::uint32_t strips = 1000, width = 8, fileSize = 16 << 20;
+    constexpr unsigned shortType = 3, deflate = 8;
+    RawTiff const tiff{width, strips, 1, {{259, {shortType, deflate}}}};
+    Bytes bytes = tiff.header();
+    std::size_t const pixelsAt = bytes.size();
+    bytes.resize(pixelsAt - 8 * strips);
+    for (std::uint32_t i = 0; i < strips; ++i)
+        appendLittle(bytes, pixelsAt, 4);
+    for (std::uint32_t i = 0; i < strips; ++i)
+        appendLittle(bytes, fileSize - pixelsAt, 4);
+    Bytes const row(width, 7);
+    Bytes packed(100);
+    uLongf size = packed.size();
+    ASSERT_EQ(::compress(packed.data(), &size, row.data(), row.size()), Z_OK);
+    packed.resize(size);
+    append(bytes, packed);
     TemporaryDirectory const directory;
     std::string const path = directory.path("image");
-    for (std::uint32_t strips : {2u, 1000u}) {
-        RawTiff const tiff{1024, strips, 1};
-        Bytes bytes = tiff.header();
-        std::size_t const offsetsAt = bytes.size() - 8 * strips;
-        for (std::size_t i = 4; i < 4 * strips; ++i)
-            bytes[offsetsAt + i] = bytes[offsetsAt + i % 4];
-        bytes.resize(bytes.size() + 1024, 9);
-        writeFile(path, bytes);
-        EXPECT_EQ(costOfReading(path).answer, strips > 2 ? 0 : 1) << strips;
-    }
+    writeSparse(path, bytes, fileSize);
+    Cost const cost = costOfReading(path);
+    EXPECT_EQ(cost.answer, 0);
+    EXPECT_LE(cost.bytesRead, std::size_t{4} * fileSize + 16 * tiff.pixelBytes() + mebibyte);
+
+    // The same strips without the claim are a picture.
+    bytes.resize(pixelsAt - 4 * strips);
+    for (std::uint32_t i = 0; i < strips; ++i)
+        appendLittle(bytes, size, 4);
+    append(bytes, packed);
+    writeFile(path, bytes);
+    EXPECT_EQ(costOfReading(path).answer, 1);
 }
 
 /// Programs say so when they mean one strip for everything.
