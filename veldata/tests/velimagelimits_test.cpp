@@ -239,7 +239,7 @@ TEST(VelImageLimits, AStripThatClaimsManyBytesForFewPixelsCostsLittle)
 /// The strips share their bytes, and each of them claims the whole file to be packed pixels.
 TEST(VelImageLimits, ATiffIsNotReadOverAndOver)
 {
-    constexpr std::uint32_t strips = 1000, width = 8, fileSize = 16 << 20;
+    constexpr std::uint32_t strips = 1000, width = 8, fileSize = 1 << 20;
     constexpr unsigned shortType = 3, deflate = 8;
     RawTiff const tiff{width, strips, 1, {{259, {shortType, deflate}}}};
     Bytes bytes = tiff.header();
