@@ -1,0 +1,294 @@
+#!/usr/bin/env python3
+"""Breaks one rule of the libraries at a time and shows which of them the tests catch.
+
+Works in a copy of the tree, build/mutation/tree, and never touches the tree itself. See --help.
+"""
+
+import argparse
+import collections
+import json
+import os
+import pathlib
+import pickle
+import random
+import re
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+from concurrent.futures import ThreadPoolExecutor
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+
+from mutation import equivalents, report  # noqa: E402
+from mutation.instrument import header, instrumented  # noqa: E402
+from mutation.mutants import Finder, use_library  # noqa: E402
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+WORK = TOP / "build" / "mutation"
+TREE = WORK / "tree"
+BUILD = WORK / "build"
+LIBRARIES = ("kdrdata", "veldata")
+
+
+def say(text):
+    print(f"mutate: {text}", flush=True)
+
+
+def run(*command, **options):
+    return subprocess.run([str(part) for part in command], check=True, **options)
+
+
+# --- preparing ------------------------------------------------------------------------------------
+
+
+def copy_tree():
+    """Copies what git knows or would know, with its changes, and nothing that was built."""
+    listed = run(
+        "git", "-C", TOP, "ls-files", "-z", "--cached", "--others", "--exclude-standard", stdout=subprocess.PIPE
+    ).stdout.decode()
+    TREE.mkdir(parents=True, exist_ok=True)
+    wanted = {name for name in listed.split("\0") if name and (TOP / name).is_file()}
+    for name in wanted:
+        copy = TREE / name
+        content = (TOP / name).read_bytes()
+        if not copy.exists() or copy.read_bytes() != content:
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            copy.write_bytes(content)
+            shutil.copymode(TOP / name, copy)
+    for stale in TREE.rglob("*"):
+        if stale.is_file() and str(stale.relative_to(TREE)) not in wanted:
+            stale.unlink()
+
+
+def configure():
+    flags = f"-O0 -w -include {WORK}/kdrmutation.h"
+    (WORK / "kdrmutation.h").write_text(header(0))
+    run(
+        "cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+        f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
+        "-DKDRDATA_BUILD_BENCHMARKS=OFF", stdout=subprocess.DEVNULL,
+    )  # fmt: skip
+
+
+def is_mutated(path):
+    return (
+        path.split("/")[0] in LIBRARIES
+        and "/tests/" not in path
+        and path.endswith((".cpp", ".h"))
+        and (TREE / path).is_file()
+    )
+
+
+def find_mutants():
+    libraries = sorted(pathlib.Path("/usr/lib").glob("llvm-*/lib/libclang.so.1"))
+    if libraries:
+        use_library(str(libraries[-1]))
+    finder = Finder(str(TREE), is_mutated)
+    commands = json.loads((BUILD / "compile_commands.json").read_text())
+    for command in commands:
+        source = pathlib.Path(command["file"])
+        if TREE not in source.parents or not is_mutated(str(source.relative_to(TREE))):
+            continue
+        words = command["command"].split()
+        keep = [w for w in words if w.startswith(("-I", "-D", "-std"))]
+        for flag in ("-isystem",):
+            keep += [w for i, word in enumerate(words) if word == flag for w in (flag, words[i + 1])]
+        finder.search(str(source), keep)
+    return finder.mutants()
+
+
+def write_instrumented(originals, mutants):
+    by_path = collections.defaultdict(list)
+    for mutant in mutants:
+        by_path[mutant.path].append(mutant)
+    for path, text in originals.items():
+        content = instrumented(text, by_path[path])
+        if (TREE / path).read_bytes() != content:
+            (TREE / path).write_bytes(content)
+
+
+def rejected(output, by_number):
+    """The mutants that the compiler does not take, by what it says."""
+    numbers = set()
+    lines = {}
+    for path, line, column in re.findall(r"^([^\s:]+):(\d+):(\d+): (?:fatal )?error:", output, re.M):
+        path = os.path.normpath(os.path.join(BUILD, path))
+        if not path.startswith(str(TREE) + "/"):
+            continue
+        if path not in lines:
+            lines[path] = pathlib.Path(path).read_text().split("\n")
+        text = lines[path][int(line) - 1]
+        # The switch next to what the compiler stumbles over; it may stand on a line before.
+        here = [(abs(m.start() - int(column)), int(m[1])) for m in re.finditer(r"kdrMutant\((\d+)\)", text)]
+        if not here:
+            name = path[len(str(TREE)) + 1 :]
+            here = [
+                (0, n)
+                for n, m in by_number.items()
+                if m.path == name and m.line <= int(line) <= m.line + 3
+            ]
+            numbers.update(n for _, n in here)
+        else:
+            numbers.add(min(here)[1])
+    return numbers & by_number.keys()
+
+
+def build_instrumented(mutants, jobs):
+    """Builds with every mutant that compiles, and answers those."""
+    originals = {path: (TREE / path).read_bytes() for path in {m.path for m in mutants}}
+    (WORK / "kdrmutation.h").write_text(header(len(mutants)))
+    remaining = {m.number: m for m in mutants}
+    for _ in range(60):
+        write_instrumented(originals, remaining.values())
+        result = subprocess.run(
+            ["cmake", "--build", str(BUILD), "--target", "KDRData", "VelData", "-j", str(jobs), "--", "-k", "0"],
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+        )  # fmt: skip
+        if result.returncode == 0:
+            break
+        numbers = rejected(result.stdout, remaining)
+        if not numbers:
+            print(result.stdout[-4000:])
+            sys.exit("mutate: the build fails for another reason")
+        say(f"{len(numbers)} mutants do not compile")
+        for number in numbers:
+            del remaining[number]
+    run("cmake", "--build", BUILD, "-j", str(jobs), stdout=subprocess.DEVNULL)
+    return list(remaining.values())
+
+
+# --- running --------------------------------------------------------------------------------------
+
+
+def list_cases():
+    """Every case of every GoogleTest program: (program, case)."""
+    shown = run("ctest", "--test-dir", BUILD, "--show-only=json-v1", stdout=subprocess.PIPE).stdout
+    cases = []
+    for test in json.loads(shown)["tests"]:
+        command = test.get("command", [])
+        filters = [word[len("--gtest_filter=") :] for word in command if word.startswith("--gtest_filter=")]
+        if filters:
+            cases.append((command[0], filters[0]))
+    return cases
+
+
+def execute(program, cases, mutant=None, reached=None, timeout=60.0):
+    """The exit code of the cases of a program, or None after the time-out."""
+    environment = dict(os.environ, TSAN_OPTIONS="", GTEST_FAIL_FAST="1")
+    if mutant is not None:
+        environment["KDR_MUTANT"] = str(mutant)
+    if reached is not None:
+        environment["KDR_MUTANTS_REACHED"] = reached
+    with tempfile.TemporaryDirectory(dir=WORK) as directory:
+        try:
+            return subprocess.run(
+                [program, "--gtest_filter=" + ":".join(cases), "--gtest_brief=1"],
+                cwd=directory, env=environment, timeout=timeout,
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            ).returncode  # fmt: skip
+        except subprocess.TimeoutExpired:
+            return None
+
+
+def trace(case):
+    """Runs one case unbroken: (seconds, the numbers of the mutants that it reaches)."""
+    with tempfile.NamedTemporaryFile(dir=WORK) as file:
+        start = time.monotonic()
+        code = execute(case[0], [case[1]], reached=file.name, timeout=300)
+        seconds = time.monotonic() - start
+        if code != 0:
+            say(f"{case[1]} fails unbroken and is left out")
+            return None
+        content = pathlib.Path(file.name).read_bytes()
+    return seconds, set(struct.unpack(f"{len(content) // 4}i", content))
+
+
+def try_mutant(mutant, programs):
+    """'caught', 'timeout', 'survived' or 'unreached'."""
+    if not programs:
+        return "unreached"
+    for program, cases in sorted(programs.items(), key=lambda entry: sum(entry[1].values())):
+        names = sorted(cases, key=cases.get)
+        seconds = sum(cases.values())
+        code = execute(program, names, mutant=mutant.number, timeout=20 + 5 * seconds)
+        if code is None:
+            return "timeout"
+        if code != 0:
+            return "caught"
+    return "survived"
+
+
+def prepare(jobs):
+    """Mutants and what reaches them, from the last run if nothing has changed since."""
+    copy_tree()
+    configure()
+    say("looking for rules to break")
+    mutants = find_mutants()
+    say(f"{len(mutants)} found; building")
+    mutants = build_instrumented(mutants, jobs)
+    say(f"{len(mutants)} compile; seeing which tests reach them")
+    cases = list_cases()
+    reaching = collections.defaultdict(lambda: collections.defaultdict(dict))
+    with ThreadPoolExecutor(jobs) as pool:
+        for case, traced in zip(cases, pool.map(trace, cases)):
+            if traced is None:
+                continue
+            for number in traced[1]:
+                reaching[number][case[0]][case[1]] = traced[0]
+    plain = {number: {p: dict(c) for p, c in programs.items()} for number, programs in reaching.items()}
+    (WORK / "prepared").write_bytes(pickle.dumps((mutants, plain)))
+    return mutants, plain
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--sample", type=int, metavar="N", help="try N mutants, chosen at random")
+    parser.add_argument("--seed", type=int, default=1, help="chooses the sample")
+    parser.add_argument("--jobs", type=int, default=1, metavar="N", help="how many to try at a time")
+    parser.add_argument("--only", default="", metavar="PREFIX", help="mutants of these files alone")
+    parser.add_argument("--prepared", action="store_true", help="do not build again")
+    parser.add_argument("--list", action="store_true", help="say what would be tried, and stop")
+    parser.add_argument("--report", metavar="FILE", help="write the table of results there")
+    options = parser.parse_args()
+
+    WORK.mkdir(parents=True, exist_ok=True)
+    if options.prepared:
+        mutants, reaching = pickle.loads((WORK / "prepared").read_bytes())
+    else:
+        mutants, reaching = prepare(options.jobs)
+    originals = {m.path: (TOP / m.path).read_text() for m in mutants}
+    equivalents.name_all(mutants, originals)
+    chosen = [m for m in mutants if m.path.startswith(options.only)]
+    if options.sample is not None and options.sample < len(chosen):
+        chosen = random.Random(options.seed).sample(chosen, options.sample)
+        chosen.sort(key=lambda m: m.number)
+    if options.list:
+        for mutant in chosen:
+            print(f"{mutant.path}:{mutant.line}: {mutant.function}: {mutant.change}")
+        return 0
+
+    equivalent = equivalents.read(TOP / "tools" / "mutation" / "equivalent.txt")
+    results = {}
+    start = time.monotonic()
+    with ThreadPoolExecutor(options.jobs) as pool:
+        outcomes = pool.map(lambda m: try_mutant(m, reaching.get(m.number, {})), chosen)
+        for done, (mutant, outcome) in enumerate(zip(chosen, outcomes), start=1):
+            if outcome in ("survived", "unreached") and mutant.name in equivalent:
+                outcome = "equivalent"
+            results[mutant.number] = outcome
+            if outcome in ("survived", "unreached"):
+                print(f"{outcome}: {mutant.path}:{mutant.line}: {mutant.name}", flush=True)
+            if done % 100 == 0:
+                say(f"{done} of {len(chosen)} after {time.monotonic() - start:.0f} s")
+    text = report.table(chosen, results, time.monotonic() - start)
+    print(text)
+    if options.report:
+        pathlib.Path(options.report).write_text(text)
+    return 1 if {"survived", "unreached"} & set(results.values()) else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
