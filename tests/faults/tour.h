@@ -1,8 +1,8 @@
 #ifndef KDRDATA_TESTS_TOUR_H
 #define KDRDATA_TESTS_TOUR_H
 
-#include "malloc.h"
-#include "words.h"
+#include "../support/malloc.h"
+#include "../support/words.h"
 
 #include <gtest/gtest.h>
 
