@@ -23,7 +23,7 @@ from concurrent.futures import ThreadPoolExecutor
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from mutation import equivalents, report  # noqa: E402
-from mutation.instrument import header, instrumented  # noqa: E402
+from mutation.instrument import HEADER, instrumented  # noqa: E402
 from mutation.mutants import Finder, use_library  # noqa: E402
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
@@ -64,12 +64,13 @@ def copy_tree():
 
 
 def configure():
-    flags = f"-O0 -w -include {WORK}/kdrmutation.h"
-    (WORK / "kdrmutation.h").write_text(header(0))
+    flags = f"-w -include {WORK}/kdrmutation.h"
+    if not (WORK / "kdrmutation.h").exists() or (WORK / "kdrmutation.h").read_text() != HEADER:
+        (WORK / "kdrmutation.h").write_text(HEADER)
     run(
-        "cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
-        f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-        "-DKDRDATA_BUILD_BENCHMARKS=OFF", stdout=subprocess.DEVNULL,
+        "cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+        f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
+        "-DKDRDATA_BUILD_BENCHMARKS=OFF", "-DKDRDATA_BUILD_EXAMPLES=OFF", stdout=subprocess.DEVNULL,
     )  # fmt: skip
 
 
@@ -139,7 +140,6 @@ def rejected(output, by_number):
 def build_instrumented(mutants, jobs):
     """Builds with every mutant that compiles, and answers those."""
     originals = {path: (TREE / path).read_bytes() for path in {m.path for m in mutants}}
-    (WORK / "kdrmutation.h").write_text(header(len(mutants)))
     remaining = {m.number: m for m in mutants}
     for _ in range(60):
         write_instrumented(originals, remaining.values())

@@ -18,7 +18,7 @@ inline bool kdrMutant(int number)
     static int const active = std::getenv("KDR_MUTANT") ? std::atoi(std::getenv("KDR_MUTANT")) : 0;
     static char const* const path = std::getenv("KDR_MUTANTS_REACHED");
     if (path) {
-        static bool reached[%d];
+        static bool reached[100000];
         if (!reached[number]) {
             reached[number] = true;
             int const file = open(path, O_WRONLY | O_CREAT | O_APPEND, 0666);
@@ -32,11 +32,6 @@ inline bool kdrMutant(int number)
 
 #endif
 """
-
-
-def header(count):
-    """The text of the header that every source is compiled with."""
-    return HEADER % (count + 1)
 
 
 def instrumented(text, mutants):

@@ -17,10 +17,10 @@
 
 #include <unistd.h>
 
-#include "../../examples/inspect/drawnpart.h"
-#include "../../examples/inspect/recipe.h"
-#include "../../examples/inspect/report.h"
-#include "../../examples/inspect/tools.h"
+#include "drawnpart.h"
+#include "recipe.h"
+#include "report.h"
+#include "tools.h"
 
 namespace {
 
