@@ -6,13 +6,16 @@ Works in a copy of the tree, build/mutation/tree, and never touches the tree its
 
 import argparse
 import collections
+import contextlib
 import json
 import os
 import pathlib
 import pickle
 import random
 import re
+import resource
 import shutil
+import signal
 import struct
 import subprocess
 import sys
@@ -137,6 +140,14 @@ def rejected(output, by_number):
     return numbers & by_number.keys()
 
 
+def test_programs():
+    """The names of the GoogleTest programs."""
+    targets = run("ninja", "-C", BUILD, "-t", "targets", "all", stdout=subprocess.PIPE).stdout.decode()
+    linked = re.findall(r"^(\S+): CXX_EXECUTABLE_LINKER", targets, re.M)
+    names = [pathlib.Path(path).name for path in linked]
+    return [name for name in names if name.endswith("_test") or name.startswith("veldata_")]
+
+
 def build_instrumented(mutants, jobs):
     """Builds with every mutant that compiles, and answers those."""
     originals = {path: (TREE / path).read_bytes() for path in {m.path for m in mutants}}
@@ -156,51 +167,63 @@ def build_instrumented(mutants, jobs):
         say(f"{len(numbers)} mutants do not compile")
         for number in numbers:
             del remaining[number]
-    run("cmake", "--build", BUILD, "-j", str(jobs), stdout=subprocess.DEVNULL)
+    run("cmake", "--build", BUILD, "-j", str(jobs), "--target", *test_programs(), stdout=subprocess.DEVNULL)
     return list(remaining.values())
 
 
 # --- running --------------------------------------------------------------------------------------
 
 
-def list_cases():
-    """Every case of every GoogleTest program: (program, case)."""
+def list_suites():
+    """Every suite of every GoogleTest program: (program, filter)."""
     shown = run("ctest", "--test-dir", BUILD, "--show-only=json-v1", stdout=subprocess.PIPE).stdout
-    cases = []
+    suites = {}
     for test in json.loads(shown)["tests"]:
         command = test.get("command", [])
         filters = [word[len("--gtest_filter=") :] for word in command if word.startswith("--gtest_filter=")]
-        if filters:
-            cases.append((command[0], filters[0]))
-    return cases
+        if filters and pathlib.Path(command[0]).exists():
+            suites[(command[0], filters[0].rsplit(".", 1)[0] + ".*")] = None
+    return list(suites)
 
 
-def execute(program, cases, mutant=None, reached=None, timeout=60.0):
-    """The exit code of the cases of a program, or None after the time-out."""
-    environment = dict(os.environ, TSAN_OPTIONS="", GTEST_FAIL_FAST="1")
+def hold_down():
+    """Keeps a broken program from taking the machine with it."""
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+
+
+def execute(program, suites, mutant=None, reached=None, timeout=60.0):
+    """The exit code of some suites of a program, or None after the time-out."""
+    environment = dict(os.environ, GTEST_FAIL_FAST="1")
     if mutant is not None:
         environment["KDR_MUTANT"] = str(mutant)
     if reached is not None:
         environment["KDR_MUTANTS_REACHED"] = reached
     with tempfile.TemporaryDirectory(dir=WORK) as directory:
+        process = subprocess.Popen(
+            [program, "--gtest_filter=" + ":".join(suites), "--gtest_brief=1"],
+            cwd=directory, env=environment, preexec_fn=hold_down, start_new_session=True,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+        )  # fmt: skip
         try:
-            return subprocess.run(
-                [program, "--gtest_filter=" + ":".join(cases), "--gtest_brief=1"],
-                cwd=directory, env=environment, timeout=timeout,
-                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-            ).returncode  # fmt: skip
+            return process.wait(timeout)
         except subprocess.TimeoutExpired:
             return None
+        finally:
+            # Whatever the program has started ends with it.
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(process.pid, signal.SIGKILL)
+            process.wait()
 
 
-def trace(case):
-    """Runs one case unbroken: (seconds, the numbers of the mutants that it reaches)."""
+def trace(suite):
+    """Runs one suite unbroken: (seconds, the numbers of the mutants that it reaches)."""
     with tempfile.NamedTemporaryFile(dir=WORK) as file:
         start = time.monotonic()
-        code = execute(case[0], [case[1]], reached=file.name, timeout=300)
+        code = execute(suite[0], [suite[1]], reached=file.name, timeout=300)
         seconds = time.monotonic() - start
         if code != 0:
-            say(f"{case[1]} fails unbroken and is left out")
+            say(f"{suite[1]} fails unbroken and is left out")
             return None
         content = pathlib.Path(file.name).read_bytes()
     return seconds, set(struct.unpack(f"{len(content) // 4}i", content))
@@ -210,10 +233,9 @@ def try_mutant(mutant, programs):
     """'caught', 'timeout', 'survived' or 'unreached'."""
     if not programs:
         return "unreached"
-    for program, cases in sorted(programs.items(), key=lambda entry: sum(entry[1].values())):
-        names = sorted(cases, key=cases.get)
-        seconds = sum(cases.values())
-        code = execute(program, names, mutant=mutant.number, timeout=20 + 5 * seconds)
+    for program, suites in sorted(programs.items(), key=lambda entry: sum(entry[1].values())):
+        seconds = sum(suites.values())
+        code = execute(program, list(suites), mutant=mutant.number, timeout=20 + 5 * seconds)
         if code is None:
             return "timeout"
         if code != 0:
@@ -230,15 +252,16 @@ def prepare(jobs):
     say(f"{len(mutants)} found; building")
     mutants = build_instrumented(mutants, jobs)
     say(f"{len(mutants)} compile; seeing which tests reach them")
-    cases = list_cases()
+    suites = list_suites()
     reaching = collections.defaultdict(lambda: collections.defaultdict(dict))
     with ThreadPoolExecutor(jobs) as pool:
-        for case, traced in zip(cases, pool.map(trace, cases)):
+        for (program, suite), traced in zip(suites, pool.map(trace, suites)):
             if traced is None:
                 continue
-            for number in traced[1]:
-                reaching[number][case[0]][case[1]] = traced[0]
-    plain = {number: {p: dict(c) for p, c in programs.items()} for number, programs in reaching.items()}
+            seconds, numbers = traced
+            for number in numbers:
+                reaching[number][program][suite] = seconds
+    plain = {number: {p: dict(s) for p, s in programs.items()} for number, programs in reaching.items()}
     (WORK / "prepared").write_bytes(pickle.dumps((mutants, plain)))
     return mutants, plain
 

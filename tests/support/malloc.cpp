@@ -4,10 +4,11 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
+#include <new>
 
-// The C library's own functions under the names that it keeps for this, and a sanitizer's, which
-// takes the C library's place.
-#if defined(__SANITIZE_ADDRESS__)
+// The C library's own functions under the names that it keeps for this, and the sanitizer's, which
+// takes the C library's place. This file itself is compiled without: it runs before the sanitizer.
+#if defined(KDR_UNDER_ADDRESS_SANITIZER)
 #define KDR_BELOW(function) __interceptor_##function
 #else
 #define KDR_BELOW(function) __libc_##function
@@ -123,3 +124,19 @@ void free(void* block) noexcept
     KDR_BELOW(free)(block);
 }
 }
+
+#if defined(KDR_UNDER_ADDRESS_SANITIZER)
+// The sanitizer's own do not come by malloc.
+void* operator new(std::size_t size)
+{
+    void* const block = malloc(size > 0 ? size : 1);
+    if (!block)
+        throw std::bad_alloc();
+    return block;
+}
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete(void* block) noexcept { free(block); }
+void operator delete[](void* block) noexcept { free(block); }
+void operator delete(void* block, std::size_t) noexcept { free(block); }
+void operator delete[](void* block, std::size_t) noexcept { free(block); }
+#endif
