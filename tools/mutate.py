@@ -32,7 +32,8 @@ from mutation.mutants import Finder, use_library  # noqa: E402
 TOP = pathlib.Path(__file__).resolve().parent.parent
 WORK = TOP / "build" / "mutation"
 TREE = WORK / "tree"
-BUILD = WORK / "build"
+# As the tree's own, so that a compiler cache knows what is not broken.
+BUILD = TREE / "build" / "dev"
 LIBRARIES = ("kdrdata", "veldata")
 
 
@@ -62,39 +63,41 @@ def copy_tree():
             copy.write_bytes(content)
             shutil.copymode(TOP / name, copy)
     for stale in TREE.rglob("*"):
-        if stale.is_file() and str(stale.relative_to(TREE)) not in wanted:
+        name = str(stale.relative_to(TREE))
+        if stale.is_file() and not name.startswith("build/") and name not in wanted:
             stale.unlink()
 
 
 def configure():
-    flags = f"-w -include {WORK}/kdrmutation.h"
-    if not (WORK / "kdrmutation.h").exists() or (WORK / "kdrmutation.h").read_text() != HEADER:
-        (WORK / "kdrmutation.h").write_text(HEADER)
+    os.environ["CCACHE_BASEDIR"] = str(TREE)
+    os.environ["CCACHE_NOHASHDIR"] = "1"
+    (WORK / "kdrmutation.h").write_text(HEADER)
     run(
-        "cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-        f"-DCMAKE_CXX_FLAGS={flags}", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-        "-DKDRDATA_BUILD_BENCHMARKS=OFF", "-DKDRDATA_BUILD_EXAMPLES=OFF", stdout=subprocess.DEVNULL,
+        "cmake", "--preset", "dev", "-DKDRDATA_BUILD_BENCHMARKS=OFF", "-DKDRDATA_BUILD_EXAMPLES=OFF",
+        cwd=TREE, stdout=subprocess.DEVNULL,
     )  # fmt: skip
 
 
-def is_mutated(path):
+def is_mutated(path, only):
+    """Sources and internal headers of the libraries; public headers hold hardly any code."""
     return (
-        path.split("/")[0] in LIBRARIES
+        path.startswith(only)
+        and path.split("/")[0] in LIBRARIES
         and "/tests/" not in path
-        and path.endswith((".cpp", ".h"))
+        and path.endswith((".cpp", "_p.h"))
         and (TREE / path).is_file()
     )
 
 
-def find_mutants():
+def find_mutants(only):
     libraries = sorted(pathlib.Path("/usr/lib").glob("llvm-*/lib/libclang.so.1"))
     if libraries:
         use_library(str(libraries[-1]))
-    finder = Finder(str(TREE), is_mutated)
+    finder = Finder(str(TREE), lambda path: is_mutated(path, only))
     commands = json.loads((BUILD / "compile_commands.json").read_text())
     for command in commands:
         source = pathlib.Path(command["file"])
-        if TREE not in source.parents or not is_mutated(str(source.relative_to(TREE))):
+        if TREE not in source.parents or not is_mutated(str(source.relative_to(TREE)), only):
             continue
         words = command["command"].split()
         keep = [w for w in words if w.startswith(("-I", "-D", "-std"))]
@@ -109,7 +112,7 @@ def write_instrumented(originals, mutants):
     for mutant in mutants:
         by_path[mutant.path].append(mutant)
     for path, text in originals.items():
-        content = instrumented(text, by_path[path])
+        content = instrumented(text, by_path[path], str(WORK / "kdrmutation.h"), str(TREE / path))
         if (TREE / path).read_bytes() != content:
             (TREE / path).write_bytes(content)
 
@@ -124,7 +127,8 @@ def rejected(output, by_number):
             continue
         if path not in lines:
             lines[path] = pathlib.Path(path).read_text().split("\n")
-        text = lines[path][int(line) - 1]
+        # The first two lines are not the source's own.
+        text = lines[path][int(line) + 1]
         # The switch next to what the compiler stumbles over; it may stand on a line before.
         here = [(abs(m.start() - int(column)), int(m[1])) for m in re.finditer(r"kdrMutant\((\d+)\)", text)]
         if not here:
@@ -243,12 +247,12 @@ def try_mutant(mutant, programs):
     return "survived"
 
 
-def prepare(jobs):
+def prepare(jobs, only):
     """Mutants and what reaches them, from the last run if nothing has changed since."""
     copy_tree()
     configure()
     say("looking for rules to break")
-    mutants = find_mutants()
+    mutants = find_mutants(only)
     say(f"{len(mutants)} found; building")
     mutants = build_instrumented(mutants, jobs)
     say(f"{len(mutants)} compile; seeing which tests reach them")
@@ -281,7 +285,7 @@ def main():
     if options.prepared:
         mutants, reaching = pickle.loads((WORK / "prepared").read_bytes())
     else:
-        mutants, reaching = prepare(options.jobs)
+        mutants, reaching = prepare(options.jobs, options.only)
     originals = {m.path: (TOP / m.path).read_text() for m in mutants}
     equivalents.name_all(mutants, originals)
     chosen = [m for m in mutants if m.path.startswith(options.only)]

@@ -1,7 +1,8 @@
 """Writes all mutants of a file into it, each behind a switch that is thrown when a test runs.
 
 So everything is compiled once, and breaking a rule costs a run of the tests that reach it and no
-more. Line breaks stay where they are: what the compiler says of a line holds for the original.
+more. Line breaks stay where they are, so that what the compiler says of a line holds for the
+original; what it read stands two lines further down.
 """
 
 HEADER = """#ifndef KDR_MUTATION_H
@@ -34,10 +35,11 @@ inline bool kdrMutant(int number)
 """
 
 
-def instrumented(text, mutants):
-    """The text of a source (bytes) with the mutants (of that source) in it."""
+def instrumented(text, mutants, header, path):
+    """The text of a source (bytes) with the mutants (of that source) in it, under two lines more."""
     ordered = sorted(mutants, key=lambda m: (m.begin, -m.end))
-    return _render(text, 0, len(text), ordered)
+    head = f'#include "{header}"\n#line 1 "{path}"\n'.encode()
+    return head + _render(text, 0, len(text), ordered)
 
 
 def _render(text, begin, end, mutants):
