@@ -10,7 +10,6 @@
 #include <ctime>
 #include <fstream>
 #include <functional>
-
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -205,6 +204,13 @@ public:
         m_floor = std::move(side);
         return *this;
     }
+    /// A floor that is made of the peer's time: so many times that, and so many nanoseconds more.
+    Row& floorOfPeer(double factor, double nanosecondsMore)
+    {
+        m_peerFactor = factor;
+        m_peerMore = nanosecondsMore;
+        return *this;
+    }
     /// How many units one repetition of the work holds, and what a unit is.
     Row& units(double count, std::string unit)
     {
@@ -242,6 +248,8 @@ private:
     Side m_peer;
     Side m_floor;
     double m_units = 1.0;
+    double m_peerFactor = 0.0;
+    double m_peerMore = 0.0;
     int m_turns = 0;
     Clock m_clock = Clock::Processor;
 };
@@ -419,6 +427,10 @@ inline void Row::run()
     if (m_figures.hasFloor) {
         m_figures.floor = nanoseconds(next);
         m_figures.toFloor = ratioTo(next);
+    } else if (m_peerFactor > 0.0) {
+        m_figures.hasFloor = true;
+        m_figures.floor = m_peerFactor * m_figures.peer + m_peerMore;
+        m_figures.toFloor = m_figures.ours / m_figures.floor;
     }
     m_table.add(std::move(m_figures));
 }
