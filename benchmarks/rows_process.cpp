@@ -29,16 +29,18 @@ Checksum workOnOwnValues(std::size_t times)
     return sum;
 }
 
+constexpr std::size_t valuesEach = 10000;
+
 void twoThreads(ratio::Table& table)
 {
     table.row("threads", "one thread, against two on half the work each")
         .ours([](std::size_t times) {
-            std::size_t const each = 500 * times;
+            std::size_t const each = valuesEach * times;
             return workOnOwnValues(each) + workOnOwnValues(each);
         })
         .peer("two threads",
               [](std::size_t times) {
-                  std::size_t const each = 500 * times;
+                  std::size_t const each = valuesEach * times;
                   Checksum other = 0;
                   std::thread thread([&other, each] { other = workOnOwnValues(each); });
                   Checksum const own = workOnOwnValues(each);
@@ -46,7 +48,7 @@ void twoThreads(ratio::Table& table)
                   return own + other;
               })
         .wallClock()
-        .units(1000, "value")
+        .units(2.0 * valuesEach, "value")
         .reach(ratio::againstPeer, ratio::atLeast, 1.8)
         .run();
 }
