@@ -208,9 +208,10 @@ def environment(compiler, flags):
         match = re.search(r"^model name\s*:\s*(.*)$", cpuinfo.read_text(), re.MULTILINE)
         processor = match[1] if match else processor
     system = platform.freedesktop_os_release().get("PRETTY_NAME", platform.system())
+    kernel = ".".join(platform.release().split(".")[:2])
     facts = [
         ("processor", f"{processor}, {len(os.sched_getaffinity(0))} cores"),
-        ("system", f"{system}, Linux {platform.release()}, {platform.libc_ver()[0]} "
+        ("system", f"{system}, Linux {kernel}, {platform.libc_ver()[0]} "
                    f"{platform.libc_ver()[1]}"),
         ("compiler", command(compiler, "--version").splitlines()[0]),
         ("flags", flags),
