@@ -51,7 +51,7 @@ void fromSortedRuns(benchmark::State& state)
 void toRuns(benchmark::State& state)
 {
     RunLists lists = sortedRuns(state.range(0));
-    KDRRegion const region = regionOf(lists);
+    KDRRegion region = regionOf(lists);
     while (state.KeepRunning()) {
         region.toRunLengthEncodeing(&lists.rows, &lists.firsts, &lists.lasts);
         benchmark::DoNotOptimize(lists);

@@ -1,5 +1,8 @@
 # Installing the library: a CMake package, a pkg-config file, and the public headers under the
 # paths that they are included by. The core library next to it installs itself.
+#
+# Three components: `runtime` is what a program needs to run, `dev` what it needs to be built, `doc`
+# the interface documentation, where it was built.
 include(CMakePackageConfigHelpers)
 
 set(KDRDATA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/KDRData")
@@ -10,11 +13,13 @@ set_target_properties(KDRData PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
 install(TARGETS KDRData EXPORT KDRDataTargets
-    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
-    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev
+    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev)
 install(EXPORT KDRDataTargets
     NAMESPACE KDRData::
-    DESTINATION "${KDRDATA_PACKAGE_DIR}")
+    DESTINATION "${KDRDATA_PACKAGE_DIR}"
+    COMPONENT dev)
 
 configure_package_config_file(cmake/KDRDataConfig.cmake.in
     "${PROJECT_BINARY_DIR}/KDRDataConfig.cmake"
@@ -24,7 +29,8 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/KDRDataConfigVersion.cma
 install(FILES
     "${PROJECT_BINARY_DIR}/KDRDataConfig.cmake"
     "${PROJECT_BINARY_DIR}/KDRDataConfigVersion.cmake"
-    DESTINATION "${KDRDATA_PACKAGE_DIR}")
+    DESTINATION "${KDRDATA_PACKAGE_DIR}"
+    COMPONENT dev)
 
 # The way from the pkg-config file up to the prefix, so that the installed tree can be moved; a
 # library directory outside of the prefix cannot, and is written as it is.
@@ -38,4 +44,14 @@ endif()
 cmake_path(APPEND KDRDATA_PKGCONFIG_LIBDIR "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
 cmake_path(APPEND KDRDATA_PKGCONFIG_INCLUDEDIR "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/kdrdata.pc.in "${PROJECT_BINARY_DIR}/kdrdata.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc" DESTINATION "${KDRDATA_PKGCONFIG_DIR}")
+install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc"
+    DESTINATION "${KDRDATA_PKGCONFIG_DIR}"
+    COMPONENT dev)
+
+if(PROJECT_IS_TOP_LEVEL)
+    install(DIRECTORY "${PROJECT_BINARY_DIR}/docs/html"
+        DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/libkdrdata-doc"
+        COMPONENT doc
+        OPTIONAL)
+    include(KDRPackage)
+endif()

@@ -13,16 +13,16 @@ namespace {
 cv::Scalar colourOfKind(unsigned int shapeKind)
 {
     switch (shapeKind) {
-    case ShapeKindCircle:
-    case ShapeKindArc:
+    case KDRShape::Circle:
+    case KDRShape::Arc:
         return {50, 50, 255};
-    case ShapeKindRect2:
-    case ShapeKindEllipse:
+    case KDRShape::Rect2:
+    case KDRShape::Ellipse:
         return {255, 140, 30};
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         return {255, 60, 220};
-    case ShapeKindLine:
-    case ShapeKindArrow:
+    case KDRShape::Line:
+    case KDRShape::Arrow:
         return {20, 220, 250};
     default:
         return {60, 220, 60};

@@ -99,12 +99,12 @@ Values drawPart(Values const& given)
     cv::Mat fine(pictureHeight * factor, pictureWidth * factor, CV_8U, cv::Scalar(40));
     for (int i = 0; i < nominal.length(); ++i) {
         KDRShape const figure = nominal[i];
-        if (figure.shapeType() == ShapeKindArc)
+        if (figure.shapeType() == KDRShape::Arc)
             continue; // the notch is part of the plate's outline
         std::vector<std::vector<cv::Point>> lines;
         for (Line const& line : linesOf(figure))
             lines.push_back(enlarged(line, factor));
-        cv::fillPoly(fine, lines, figure.shapeType() == ShapeKindPolygon ? 190 : 60);
+        cv::fillPoly(fine, lines, figure.shapeType() == KDRShape::Polygon ? 190 : 60);
     }
     cv::Mat picture;
     cv::resize(fine, picture, {pictureWidth, pictureHeight}, 0, 0, cv::INTER_AREA);
@@ -170,7 +170,7 @@ Values measurePart(Values const& given)
         KDRShape figure;
         converter.ROIToShape(foundRecord, &figure);
         found.push_back(figure);
-        isFound.push_back(figure.shapeType() != ShapeKindEmpty);
+        isFound.push_back(figure.shapeType() != KDRShape::Empty);
     }
 
     Values values = given;

@@ -81,27 +81,27 @@ std::vector<Line> bordersOf(KDRRegion const& region)
 std::string nameOf(unsigned int shapeKind)
 {
     switch (shapeKind) {
-    case ShapeKindCircle:
+    case KDRShape::Circle:
         return "circle";
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         return "torus";
-    case ShapeKindRect2:
+    case KDRShape::Rect2:
         return "rectangle";
-    case ShapeKindLine:
+    case KDRShape::Line:
         return "line";
-    case ShapeKindEllipse:
+    case KDRShape::Ellipse:
         return "ellipse";
-    case ShapeKindArc:
+    case KDRShape::Arc:
         return "arc";
-    case ShapeKindPolygon:
+    case KDRShape::Polygon:
         return "polygon";
-    case ShapeKindRegion:
+    case KDRShape::Region:
         return "region";
-    case ShapeKindText:
+    case KDRShape::Text:
         return "text";
-    case ShapeKindArrow:
+    case KDRShape::Arrow:
         return "arrow";
-    case ShapeKindEmpty:
+    case KDRShape::Empty:
         return "nothing";
     default:
         return "shape of kind " + std::to_string(shapeKind);

@@ -48,7 +48,7 @@ void const* payloadOf(KDRVariant handle)
 // What became of a figure of one kind on its way through the record.
 std::string fate(unsigned int sent, unsigned int returned, bool unchanged)
 {
-    if (returned == ShapeKindEmpty)
+    if (returned == KDRShape::Empty)
         return "leaves no trace";
     if (returned != sent)
         return "comes back as " + nameOf(returned);

@@ -17,13 +17,13 @@ double* KDRMatrix3::data() const { return nullptr; }
 
 KDRMatrix3 KDRMatrix3::transposed() const { return {}; }
 KDRMatrix3 KDRMatrix3::inverse() const { return {}; }
-KDRMatrix3 KDRMatrix3::operator*(KDRMatrix3 const&) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator+(KDRMatrix3 const&) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator-(KDRMatrix3 const&) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator*(double) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator/(double) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator+(double) const { return {}; }
-KDRMatrix3 KDRMatrix3::operator-(double) const { return {}; }
+KDRMatrix3 KDRMatrix3::operator*(KDRMatrix3 const&) { return {}; }
+KDRMatrix3 KDRMatrix3::operator+(KDRMatrix3 const&) { return {}; }
+KDRMatrix3 KDRMatrix3::operator-(KDRMatrix3 const&) { return {}; }
+KDRMatrix3 KDRMatrix3::operator*(double) { return {}; }
+KDRMatrix3 KDRMatrix3::operator/(double) { return {}; }
+KDRMatrix3 KDRMatrix3::operator+(double) { return {}; }
+KDRMatrix3 KDRMatrix3::operator-(double) { return {}; }
 KDRVector3d KDRMatrix3::operator*(KDRVector3d const&) { return {}; }
 
-bool KDRMatrix3::operator==(KDRMatrix3 const&) const { return KDRFixed::Matrix3::comparison; }
+bool KDRMatrix3::operator==(KDRMatrix3 const&) { return KDRFixed::Matrix3::comparison; }

@@ -7,7 +7,7 @@
 /// A matrix of 3 x 3 numbers.
 ///
 /// This version carries no data: every operation ignores its arguments, and the answers are
-/// constants, not errors. Kept on purpose.
+/// constants, not errors. No operator takes a constant matrix on its left. Kept on purpose.
 ///
 /// Threads: safe from any thread; there is no state to touch.
 class KDRDATA_EXPORT KDRMatrix3
@@ -42,24 +42,24 @@ public:
     /// A default matrix.
     KDRMatrix3 inverse() const;
     /// A default matrix.
-    KDRMatrix3 operator*(KDRMatrix3 const&) const;
+    KDRMatrix3 operator*(KDRMatrix3 const&);
     /// A default matrix.
-    KDRMatrix3 operator+(KDRMatrix3 const&) const;
+    KDRMatrix3 operator+(KDRMatrix3 const&);
     /// A default matrix.
-    KDRMatrix3 operator-(KDRMatrix3 const&) const;
+    KDRMatrix3 operator-(KDRMatrix3 const&);
     /// A default matrix.
-    KDRMatrix3 operator*(double) const;
+    KDRMatrix3 operator*(double);
     /// A default matrix, also for the divisor 0.
-    KDRMatrix3 operator/(double) const;
+    KDRMatrix3 operator/(double);
     /// A default matrix.
-    KDRMatrix3 operator+(double) const;
+    KDRMatrix3 operator+(double);
     /// A default matrix.
-    KDRMatrix3 operator-(double) const;
-    /// A default vector. Not for constant matrices. Kept on purpose.
+    KDRMatrix3 operator-(double);
+    /// A default vector.
     KDRVector3d operator*(KDRVector3d const&);
 
     /// Answers false, for the matrix itself too. Kept on purpose.
-    bool operator==(KDRMatrix3 const&) const;
+    bool operator==(KDRMatrix3 const&);
 };
 
 #endif

@@ -20,8 +20,8 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc.
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRMatrix3Array
 {
 public:

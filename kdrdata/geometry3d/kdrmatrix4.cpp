@@ -20,12 +20,12 @@ double* KDRMatrix4::data() const { return nullptr; }
 
 KDRMatrix4 KDRMatrix4::transposed() const { return {}; }
 KDRMatrix4 KDRMatrix4::inverse() const { return {}; }
-KDRMatrix4 KDRMatrix4::operator*(KDRMatrix4 const&) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator+(KDRMatrix4 const&) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator-(KDRMatrix4 const&) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator*(double) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator/(double) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator+(double) const { return {}; }
-KDRMatrix4 KDRMatrix4::operator-(double) const { return {}; }
+KDRMatrix4 KDRMatrix4::operator*(KDRMatrix4 const&) { return {}; }
+KDRMatrix4 KDRMatrix4::operator+(KDRMatrix4 const&) { return {}; }
+KDRMatrix4 KDRMatrix4::operator-(KDRMatrix4 const&) { return {}; }
+KDRMatrix4 KDRMatrix4::operator*(double) { return {}; }
+KDRMatrix4 KDRMatrix4::operator/(double) { return {}; }
+KDRMatrix4 KDRMatrix4::operator+(double) { return {}; }
+KDRMatrix4 KDRMatrix4::operator-(double) { return {}; }
 
-bool KDRMatrix4::operator==(KDRMatrix4 const&) const { return KDRFixed::Matrix4::comparison; }
+bool KDRMatrix4::operator==(KDRMatrix4 const&) { return KDRFixed::Matrix4::comparison; }

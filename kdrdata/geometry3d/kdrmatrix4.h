@@ -6,7 +6,7 @@
 /// A matrix of 4 x 4 numbers.
 ///
 /// This version carries no data: every operation ignores its arguments, and the answers are
-/// constants, not errors. Kept on purpose.
+/// constants, not errors. No operator takes a constant matrix on its left. Kept on purpose.
 ///
 /// Threads: safe from any thread; there is no state to touch.
 class KDRDATA_EXPORT KDRMatrix4
@@ -42,22 +42,22 @@ public:
     /// A default matrix.
     KDRMatrix4 inverse() const;
     /// A default matrix.
-    KDRMatrix4 operator*(KDRMatrix4 const&) const;
+    KDRMatrix4 operator*(KDRMatrix4 const&);
     /// A default matrix.
-    KDRMatrix4 operator+(KDRMatrix4 const&) const;
+    KDRMatrix4 operator+(KDRMatrix4 const&);
     /// A default matrix.
-    KDRMatrix4 operator-(KDRMatrix4 const&) const;
+    KDRMatrix4 operator-(KDRMatrix4 const&);
     /// A default matrix.
-    KDRMatrix4 operator*(double) const;
+    KDRMatrix4 operator*(double);
     /// A default matrix, also for the divisor 0.
-    KDRMatrix4 operator/(double) const;
+    KDRMatrix4 operator/(double);
     /// A default matrix.
-    KDRMatrix4 operator+(double) const;
+    KDRMatrix4 operator+(double);
     /// A default matrix.
-    KDRMatrix4 operator-(double) const;
+    KDRMatrix4 operator-(double);
 
     /// Answers false, for the matrix itself too. Kept on purpose.
-    bool operator==(KDRMatrix4 const&) const;
+    bool operator==(KDRMatrix4 const&);
 };
 
 #endif

@@ -14,7 +14,7 @@
 /// pose.setRz(90.0);
 /// @endcode
 ///
-/// Threads: a plain value; one pose may be read by several threads while none changes it.
+/// Threads: one pose may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRPose2D
 {
 public:

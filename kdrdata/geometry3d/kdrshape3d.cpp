@@ -26,56 +26,50 @@ void KDRShape3D::fromSphere(KDRVector3d&, float) {}
 void KDRShape3D::fromCylinder(KDRVector3d&, KDRVector3d&, float, float) {}
 void KDRShape3D::fromTube(KDRVector3d&, KDRVector3d&, float, float, float, float, float) {}
 
-bool KDRShape3D::toPoint(KDRVector3d*) const { return KDRFixed::Shape::reading; }
-bool KDRShape3D::toLine(KDRVector3d*, KDRVector3d*) const { return KDRFixed::Shape::reading; }
-bool KDRShape3D::toLineSegment(KDRVector3d*, KDRVector3d*) const
+bool KDRShape3D::toPoint(KDRVector3d*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toLine(KDRVector3d*, KDRVector3d*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toLineSegment(KDRVector3d*, KDRVector3d*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toPlane(KDRVector3d*, KDRVector3d*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toCircle(KDRVector3d*, KDRVector3d*, float*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toEllipse(KDRVector3d*, KDRVector3d*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toPlane(KDRVector3d*, KDRVector3d*) const { return KDRFixed::Shape::reading; }
-bool KDRShape3D::toCircle(KDRVector3d*, KDRVector3d*, float*) const
+bool KDRShape3D::toRect(KDRVector3d*, KDRVector3d*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toEllipse(KDRVector3d*, KDRVector3d*, float*, float*) const
+bool KDRShape3D::toAnnulus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toRect(KDRVector3d*, KDRVector3d*, float*, float*) const
+bool KDRShape3D::toTorus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toAnnulus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*) const
+bool KDRShape3D::toArc(KDRVector3d*, KDRVector3d*, float*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toTorus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*) const
+bool KDRShape3D::toTriangle(KDRVector3d*, KDRVector3d*, KDRVector3d*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toArc(KDRVector3d*, KDRVector3d*, float*, float*, float*) const
+bool KDRShape3D::toBox(KDRVector3d*, KDRVector3d*, KDRVector3d*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toTriangle(KDRVector3d*, KDRVector3d*, KDRVector3d*) const
+bool KDRShape3D::toEllipsoid(KDRVector3d*, KDRVector3d*, KDRVector3d*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toBox(KDRVector3d*, KDRVector3d*, KDRVector3d*) const
+bool KDRShape3D::toPolygon(KDRVector3dArray*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toSphere(KDRVector3d*, float*) { return KDRFixed::Shape::reading; }
+bool KDRShape3D::toCylinder(KDRVector3d*, KDRVector3d*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }
-bool KDRShape3D::toEllipsoid(KDRVector3d*, KDRVector3d*, KDRVector3d*) const
-{
-    return KDRFixed::Shape::reading;
-}
-bool KDRShape3D::toPolygon(KDRVector3dArray*) const { return KDRFixed::Shape::reading; }
-bool KDRShape3D::toSphere(KDRVector3d*, float*) const { return KDRFixed::Shape::reading; }
-bool KDRShape3D::toCylinder(KDRVector3d*, KDRVector3d*, float*, float*) const
-{
-    return KDRFixed::Shape::reading;
-}
-bool KDRShape3D::toTube(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*, float*) const
+bool KDRShape3D::toTube(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*, float*)
 {
     return KDRFixed::Shape::reading;
 }

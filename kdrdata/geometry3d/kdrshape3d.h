@@ -9,7 +9,7 @@ class KDRVector3dArray;
 /// A shape in space.
 ///
 /// This version carries no data: every operation ignores its arguments, and the answers are
-/// constants, not errors. Kept on purpose.
+/// constants, not errors. The getters (`to...`) are not for constant shapes. Kept on purpose.
 ///
 /// Threads: safe from any thread; there is no state to touch.
 class KDRDATA_EXPORT KDRShape3D
@@ -61,39 +61,39 @@ public:
     void fromTube(KDRVector3d&, KDRVector3d&, float, float, float, float, float);
 
     /// Answers false and leaves the output untouched. Kept on purpose.
-    bool toPoint(KDRVector3d*) const;
+    bool toPoint(KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toLine(KDRVector3d*, KDRVector3d*) const;
+    bool toLine(KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toLineSegment(KDRVector3d*, KDRVector3d*) const;
+    bool toLineSegment(KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toPlane(KDRVector3d*, KDRVector3d*) const;
+    bool toPlane(KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toCircle(KDRVector3d*, KDRVector3d*, float*) const;
+    bool toCircle(KDRVector3d*, KDRVector3d*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toEllipse(KDRVector3d*, KDRVector3d*, float*, float*) const;
+    bool toEllipse(KDRVector3d*, KDRVector3d*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toRect(KDRVector3d*, KDRVector3d*, float*, float*) const;
+    bool toRect(KDRVector3d*, KDRVector3d*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toAnnulus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*) const;
+    bool toAnnulus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toTorus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*) const;
+    bool toTorus(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toArc(KDRVector3d*, KDRVector3d*, float*, float*, float*) const;
+    bool toArc(KDRVector3d*, KDRVector3d*, float*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toTriangle(KDRVector3d*, KDRVector3d*, KDRVector3d*) const;
+    bool toTriangle(KDRVector3d*, KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toBox(KDRVector3d*, KDRVector3d*, KDRVector3d*) const;
+    bool toBox(KDRVector3d*, KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toEllipsoid(KDRVector3d*, KDRVector3d*, KDRVector3d*) const;
+    bool toEllipsoid(KDRVector3d*, KDRVector3d*, KDRVector3d*);
     /// Answers false and leaves the output untouched. Kept on purpose.
-    bool toPolygon(KDRVector3dArray*) const;
+    bool toPolygon(KDRVector3dArray*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toSphere(KDRVector3d*, float*) const;
+    bool toSphere(KDRVector3d*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toCylinder(KDRVector3d*, KDRVector3d*, float*, float*) const;
+    bool toCylinder(KDRVector3d*, KDRVector3d*, float*, float*);
     /// Answers false and leaves the outputs untouched. Kept on purpose.
-    bool toTube(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*, float*) const;
+    bool toTube(KDRVector3d*, KDRVector3d*, float*, float*, float*, float*, float*);
 
     /// Answers 300. Kept on purpose.
     int shapeType() const;

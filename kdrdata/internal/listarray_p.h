@@ -16,11 +16,19 @@ bool contains(QList<Element> const& list, int index) noexcept
     return index >= 0 && index < list.size();
 }
 
-/// What a new handle starts with: the other handle's list, shared, where it has one.
+/// What a copy starts with: the other list, shared, unless it is empty. An emptied list keeps its
+/// storage to itself.
+template <class Element>
+QList<Element> sharedUnlessEmpty(QList<Element> const& other)
+{
+    return other.isEmpty() ? QList<Element>() : other;
+}
+
+/// The list of a new handle that copies another handle, which may have no list.
 template <class Element>
 QList<Element>* copyOf(QList<Element> const* other)
 {
-    return other ? new QList<Element>(*other) : new QList<Element>;
+    return other ? new QList<Element>(sharedUnlessEmpty(*other)) : new QList<Element>;
 }
 
 /// Shares the other handle's list; does nothing where either has none or both share already.
@@ -31,9 +39,33 @@ void assign(QList<Element>* list, QList<Element> const* other)
         *list = *other;
 }
 
+/// Runs a change that allocates, so that a failure leaves the list as it was. Detaching a shared
+/// list copies its elements, and what their copies leave behind would be lost although the change
+/// failed: the shared list is held on to, and put back then.
+template <class Element, class Change>
+auto changeOrRestore(QList<Element>& list, Change const& change)
+{
+    if (list.isDetached())
+        return change(list);
+    QList<Element> const shared = list;
+    try {
+        return change(list);
+    } catch (...) {
+        list = shared;
+        throw;
+    }
+}
+
+template <class Element>
+void append(QList<Element>& list, Element const& value)
+{
+    changeOrRestore(list, [&value](QList<Element>& own) { own.append(value); });
+}
+
 /// Appends by growing a copy and installing it, so that a failing element copy leaves the old list
-/// as it was. The list may be appended to itself. Appending nothing copies nothing, and appending
-/// to an empty list shares the other list's storage.
+/// as it was. The list may be appended to itself. Appending nothing copies nothing. Appending to a
+/// list that never held storage, or was cleared, shares the other list's storage; a list emptied by
+/// removing its elements has storage of its own, and the elements are copied into it.
 template <class Element>
 void appendByInstalling(QList<Element>& list, QList<Element> const& other)
 {
@@ -47,8 +79,10 @@ bool insert(QList<Element>& list, int index, Element const& value)
 {
     if (!contains(list, index))
         return false;
-    list.insert(index, value);
-    return true;
+    return changeOrRestore(list, [index, &value](QList<Element>& own) {
+        own.insert(index, value);
+        return true;
+    });
 }
 
 template <class Element>
@@ -93,7 +127,9 @@ bool swap(QList<Element>& list, int i, int j)
 template <class Element>
 Element at(QList<Element>* list, int index)
 {
-    return list ? Element((*list)[index]) : Element();
+    if (!list)
+        return Element();
+    return changeOrRestore(*list, [index](QList<Element>& own) { return Element(own[index]); });
 }
 
 } // namespace KDRListArray

@@ -3,7 +3,10 @@
 #include <kdrdata/internal/listarray_p.h>
 
 KDRBoolArray::KDRBoolArray() : d(new QList<bool>) {}
-KDRBoolArray::KDRBoolArray(KDRBoolArray const& other) : d(new QList<bool>(*other.d)) {}
+KDRBoolArray::KDRBoolArray(KDRBoolArray const& other)
+    : d(new QList<bool>(KDRListArray::sharedUnlessEmpty(*other.d)))
+{
+}
 
 KDRBoolArray::~KDRBoolArray()
 {

@@ -20,14 +20,14 @@ struct KDRInternal;
 /// passed[0] = false;
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and both operator[]() count as a change.
+/// Threads: one array may be read from several threads while none changes it, and both operator[]()
+/// count as changes. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRBoolArray
 {
 public:
     /// An empty array.
     KDRBoolArray();
-    /// Shares the storage of @p other.
+    /// Shares the storage of @p other; a copy of an empty array has none to share.
     KDRBoolArray(KDRBoolArray const& other);
     /// Gives up this array's share of the storage.
     ~KDRBoolArray();
@@ -42,8 +42,8 @@ public:
     /// Appends @p value, which may be a flag of this array.
     void push_back(bool const& value);
     /// Appends all flags of @p other in order; @p other may be this array itself. A new list is
-    /// built and installed; appending to an empty array shares the storage of @p other instead, and
-    /// appending an empty array changes nothing.
+    /// built and installed; appending to an array that never held storage, or was cleared, shares
+    /// the storage of @p other instead, and appending an empty array changes nothing.
     void push_back(KDRBoolArray const& other);
 
     /// Inserts @p value before @p index. Answers true when 0 <= @p index < length(); otherwise

@@ -26,7 +26,8 @@ struct KDRInternal;
 /// edge.setCurrentValStr(KDRString("bright")); // edge.currentVal() is 1
 /// @endcode
 ///
-/// Threads: one selection is used by one thread at a time, for reading too.
+/// Threads: one selection may be read from several threads while none changes it. Selections that
+/// share lists may be used from different threads.
 class KDRDATA_EXPORT KDREnum
 {
 public:

@@ -22,14 +22,14 @@ struct KDRInternal;
 /// bool const found = selections.select(0, &first);
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDREnumArray
 {
 public:
     /// An empty array.
     KDREnumArray();
-    /// Shares the storage of @p other.
+    /// Shares the storage of @p other; a copy of an empty array has none to share.
     KDREnumArray(KDREnumArray const& other);
     /// Gives up this array's share of the storage.
     ~KDREnumArray();
@@ -43,8 +43,8 @@ public:
     /// Appends a copy of @p value.
     void push_back(KDREnum const& value);
     /// Appends all elements of @p other in order; @p other may be this array itself. A new list is
-    /// built and installed; appending to an empty array shares the storage of @p other instead, and
-    /// appending an empty array changes nothing.
+    /// built and installed; appending to an array that never held storage, or was cleared, shares
+    /// the storage of @p other instead, and appending an empty array changes nothing.
     void push_back(KDREnumArray const& other);
 
     /// Inserts a copy of @p value before @p index. Answers true when 0 <= @p index < length();

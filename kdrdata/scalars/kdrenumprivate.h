@@ -9,7 +9,7 @@
 ///
 /// The two lists stand side by side by convention only; nothing compares their lengths.
 ///
-/// Threads: a plain value; one record is used by one thread at a time.
+/// Threads: one record may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDREnumPrivate
 {
 public:

@@ -56,6 +56,11 @@ Integer truncated(double number) noexcept
                                      : std::numeric_limits<Integer>::min();
 }
 
+// A double too large for a float is narrowed to an infinity, which the language promises for IEC
+// 60559 alone.
+static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559,
+              "floating-point numbers are those of IEC 60559");
+
 } // namespace
 
 KDRNumber::KDRNumber() : d(new KDRNumberPrivate(0LL))

@@ -23,7 +23,7 @@ struct KDRInternal;
 /// int const level = threshold.toInt();
 /// @endcode
 ///
-/// Threads: a plain value; one number may be read by several threads while none changes it.
+/// Threads: one number may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRNumber
 {
 public:

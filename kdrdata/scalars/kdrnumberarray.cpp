@@ -19,7 +19,7 @@ KDRNumberArray& KDRNumberArray::operator=(KDRNumberArray const& other)
 
 int KDRNumberArray::length() const { return d->size(); }
 
-void KDRNumberArray::push_back(KDRNumber const& value) { d->append(value); }
+void KDRNumberArray::push_back(KDRNumber const& value) { KDRListArray::append(*d, value); }
 void KDRNumberArray::push_back(KDRNumberArray const& other)
 {
     KDRListArray::appendByInstalling(*d, *other.d);

@@ -25,14 +25,14 @@ struct KDRInternal;
 /// bool const found = areas.select(0, &first);
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRNumberArray
 {
 public:
     /// An empty array.
     KDRNumberArray();
-    /// Shares the storage of @p other.
+    /// Shares the storage of @p other; a copy of an empty array has none to share.
     KDRNumberArray(KDRNumberArray const& other);
     /// Gives up this array's share of the storage.
     ~KDRNumberArray();
@@ -47,8 +47,9 @@ public:
     void push_back(KDRNumber const& value);
     /// Appends all elements of @p other in order; @p other may be this array itself. A new list is
     /// built and installed, so that all ranges stay behind, those of the old elements too.
-    /// Appending to an empty array shares the storage of @p other instead, ranges included, and
-    /// appending an empty array changes nothing.
+    /// Appending to an array that never held storage, or was cleared, shares the storage of
+    /// @p other instead, ranges included; one emptied by removeAt() takes copies, without ranges.
+    /// Appending an empty array changes nothing.
     void push_back(KDRNumberArray const& other);
 
     /// Inserts a copy of @p value before @p index. Answers true when 0 <= @p index < length();

@@ -58,7 +58,7 @@ void prependTo(QByteArray& bytes, char const* str, int len)
     // Qt takes a negative length for a very large one.
     len = lengthOf(str, len);
     if (liesIn(bytes, str))
-        bytes.prepend(QByteArray(str, len));
+        bytes.prepend(QByteArray(str, len).constData(), len);
     else
         bytes.prepend(str, len);
 }
@@ -74,14 +74,60 @@ void insertInto(QByteArray& bytes, int i, char const* str, int len)
         bytes.insert(i, str, len);
 }
 
-// Qt writes before the bytes for a negative position, and behind them where position and length
-// overflow; both are taken for what the two calls, remove and insert, do with them.
-void replaceRange(QByteArray& bytes, int pos, int len, QByteArray const& after)
+// Whether a zero of the buffer's own follows the last byte. Nothing is known of what follows bytes
+// that are only referred to.
+bool endsInZero(QByteArray& bytes)
 {
-    if (pos < 0)
+    auto const* const header = bytes.data_ptr();
+    return header->alloc != 0 || header->ref.isStatic();
+}
+
+// Qt looks at the byte behind the last one when it starts there.
+int lastIndexOfByte(QByteArray& bytes, char ch, int from)
+{
+    bool const readsBehind = from == bytes.size() && !endsInZero(bytes);
+    return bytes.lastIndexOf(ch, readsBehind ? from - 1 : from);
+}
+
+// Qt reads behind the bytes for an empty needle, and before them for one that is longer than they.
+int lastIndexOfBytes(QByteArray& bytes, QByteArray const& needle, int from)
+{
+    if (needle.size() == 1)
+        return lastIndexOfByte(bytes, needle.at(0), from);
+    if (needle.size() > bytes.size() || from > bytes.size())
+        return -1;
+    if (needle.isEmpty())
+        return from < 0 ? bytes.size() : from;
+    return bytes.lastIndexOf(needle, from);
+}
+
+// Qt edits in two steps, of which the second may find no memory: it removes and then inserts. Where
+// the bytes grow, room is made first. For a negative position, and where position and length
+// overflow, Qt writes outside the bytes; both are taken for what the two steps do with them.
+void replaceRange(QByteArray& bytes, int pos, int len, char const* after, int alen)
+{
+    int const size = bytes.size();
+    if (alen < 0 || (!after && alen > 0)) {
+        bytes.remove(pos, len);
         return;
-    mustFit(static_cast<long long>(std::max(pos, bytes.size())) + after.size());
-    bytes.replace(pos, std::clamp(len, 0, std::max(0, bytes.size() - pos)), after);
+    }
+    if (pos < 0 && (len != 0 || alen != 0))
+        return;
+    int const removed = std::clamp(len, 0, std::max(0, size - pos));
+    long long const grown = static_cast<long long>(std::max(pos, size - removed)) + alen;
+    if (alen == 0 || grown <= size) {
+        bytes.replace(pos, len, after, alen);
+        return;
+    }
+    mustFit(grown);
+    bytes.resize(static_cast<int>(grown));
+    char* const data = bytes.data();
+    if (pos < size)
+        std::memmove(data + pos + alen, data + pos + removed,
+                     static_cast<std::size_t>(size - pos - removed));
+    else
+        std::memset(data + size, ' ', static_cast<std::size_t>(pos - size));
+    std::memcpy(data + pos, after, static_cast<std::size_t>(alen));
 }
 
 // Qt subtracts the size without looking; all negative widths mean the same.
@@ -96,7 +142,16 @@ void replaceAll(QByteArray& bytes, QByteArray before, QByteArray after)
         after = QByteArray(after.constData(), after.size());
     replacementMustFit(bytes.size(), before.size(), after.size(),
                        [&](int from) { return bytes.indexOf(before, from); });
-    bytes.replace(before, after);
+    // Where the bytes grow, Qt makes room for so many occurrences at a time and may find none half
+    // way through.
+    constexpr int atATime = 4095;
+    if (after.size() <= before.size() || mostOccurrences(bytes.size(), before.size()) <= atATime) {
+        bytes.replace(before, after);
+        return;
+    }
+    QByteArray edited(bytes);
+    edited.replace(before, after);
+    bytes.swap(edited);
 }
 
 int countOf(QByteArray const& bytes, QByteArray const& needle)
@@ -143,11 +198,13 @@ KDRBuffer KDRBuffer::fromRawData(char const* data, int size)
 
 KDRBuffer& KDRBuffer::setRawData(char const* data, unsigned int size)
 {
-    mustFit(size);
     if (data)
-        d->setRawData(data, size);
-    else
-        d->clear();
+        mustFit(size);
+    d->setRawData(data, size);
+    // Bytes that were only referred to before leave a buffer that is empty and not null, but with
+    // no zero behind it.
+    if (!data && !d->isNull())
+        *d = QByteArray("");
     return *this;
 }
 
@@ -190,13 +247,13 @@ int KDRBuffer::indexOf(char const* needle, int from) const
 int KDRBuffer::indexOf(char ch, int from) const { return d->indexOf(ch, from); }
 int KDRBuffer::lastIndexOf(KDRBuffer const& needle, int from) const
 {
-    return d->lastIndexOf(*needle.d, from);
+    return lastIndexOfBytes(*d, *needle.d, from);
 }
 int KDRBuffer::lastIndexOf(char const* needle, int from) const
 {
-    return d->lastIndexOf(needle, from);
+    return lastIndexOfBytes(*d, view(needle, -1), from);
 }
-int KDRBuffer::lastIndexOf(char ch, int from) const { return d->lastIndexOf(ch, from); }
+int KDRBuffer::lastIndexOf(char ch, int from) const { return lastIndexOfByte(*d, ch, from); }
 bool KDRBuffer::startsWith(KDRBuffer const& start) const { return d->startsWith(*start.d); }
 bool KDRBuffer::startsWith(char const* start) const { return d->startsWith(start); }
 bool KDRBuffer::startsWith(char ch) const { return d->startsWith(ch); }
@@ -300,7 +357,14 @@ KDRBuffer& KDRBuffer::append(int count, char ch) { return insert(d->size(), coun
 
 KDRBuffer& KDRBuffer::prepend(KDRBuffer const& other)
 {
-    d->prepend(*other.d);
+    // Qt puts the other bytes in the place of these before it finds room for both.
+    if (other.d->isEmpty()) {
+        d->prepend(*other.d);
+    } else {
+        QByteArray both(*other.d);
+        both.append(*d);
+        d->swap(both);
+    }
     return *this;
 }
 
@@ -368,18 +432,21 @@ KDRBuffer& KDRBuffer::remove(int pos, int len)
 
 KDRBuffer& KDRBuffer::replace(int pos, int len, KDRBuffer const& after)
 {
-    replaceRange(*d, pos, len, *after.d);
-    return *this;
+    QByteArray const bytes(*after.d);
+    return replace(pos, len, bytes.constData(), bytes.size());
 }
 
 KDRBuffer& KDRBuffer::replace(int pos, int len, char const* after)
 {
-    return replace(pos, len, after, -1);
+    return replace(pos, len, after, lengthOf(after, -1));
 }
 
 KDRBuffer& KDRBuffer::replace(int pos, int len, char const* after, int alen)
 {
-    replaceRange(*d, pos, len, QByteArray(after, alen));
+    if (after && alen > 0 && liesIn(*d, after))
+        replaceRange(*d, pos, len, QByteArray(after, alen).constData(), alen);
+    else
+        replaceRange(*d, pos, len, after, alen);
     return *this;
 }
 
@@ -431,6 +498,9 @@ KDRBuffer& KDRBuffer::replace(char const* before, KDRBuffer const& after)
 
 KDRBuffer& KDRBuffer::fill(char ch, int size)
 {
+    // Qt writes into bytes that are only referred to where they become fewer.
+    if (!endsInZero(*d))
+        d->detach();
     d->fill(ch, size);
     return *this;
 }
@@ -443,7 +513,7 @@ void KDRBuffer::resize(int size) { d->resize(size); }
 void KDRBuffer::reserve(int size)
 {
     // Qt takes a negative size for a very large one.
-    if (size > 0)
+    if (size >= 0)
         d->reserve(size);
 }
 

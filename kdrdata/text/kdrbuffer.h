@@ -26,8 +26,8 @@ struct KDRInternal;
 /// char const first = bytes.at(0); // still 'a'
 /// @endcode
 ///
-/// Threads: one buffer must not be used by two threads while either changes it, and the `const`
-/// data() counts as a change. Buffers that merely share bytes may live in different threads.
+/// Threads: one buffer may be read from several threads while none changes it, and the `const`
+/// data() counts as a change. Buffers that share bytes may be used from different threads.
 class KDRDATA_EXPORT KDRBuffer
 {
 public:
@@ -66,12 +66,15 @@ public:
 
     /// A buffer that refers to the @p size bytes at @p data without copying them; a negative
     /// @p size means up to the terminating zero. The caller keeps them alive and unchanged as long
-    /// as the buffer or any copy of it exists; a change of the buffer copies them first. There need
-    /// be no zero behind the last byte (QByteArray::fromRawData).
+    /// as the buffer or any copy of it exists. There need be no zero behind the last byte: nothing
+    /// beside the bytes is read. What writes copies the bytes first; what only cuts bytes off
+    /// (truncate(), chop(), a smaller resize()) and squeeze() go on referring to the caller's
+    /// bytes, unless a copy refers to them too (QByteArray::fromRawData).
     static KDRBuffer fromRawData(char const* data, int size);
     /// Makes this buffer refer to the @p size bytes at @p data without copying them, by the rules
-    /// of fromRawData(); a null pointer makes it null, no bytes make it empty. Returns this buffer,
-    /// but the result is not to be used. Kept on purpose (QByteArray::setRawData).
+    /// of fromRawData(). No bytes make it empty. A null pointer makes it null, whatever the size,
+    /// but empty if it alone refers to a caller's bytes already. Returns this buffer, but the
+    /// result is not to be used. Kept on purpose (QByteArray::setRawData).
     KDRBuffer& setRawData(char const* data, unsigned int size);
 
     /// The number of bytes (QByteArray::size).
@@ -100,8 +103,8 @@ public:
     /// never a copy; valid until this buffer is next changed or destroyed (QByteArray::constData).
     char const* constData() const;
     /// The bytes, for writing, followed by a zero byte that must stay. Shared bytes are copied
-    /// first, so that no other buffer sees the writing. Valid until this buffer is next changed
-    /// or destroyed (QByteArray::data).
+    /// first, so that no other buffer sees the writing; a null buffer becomes an empty one. Valid
+    /// until this buffer is next changed or destroyed (QByteArray::data).
     char* data();
     /// The same, on a constant buffer: it too copies shared bytes first and lets them be written.
     /// For reading, constData() costs nothing. Kept on purpose.
@@ -132,7 +135,8 @@ public:
     /// The position of the last occurrence of @p needle that begins at or before @p from, or -1.
     /// For a needle of one byte a negative @p from counts from the end, and one behind the end
     /// means the end; for any other every negative one means the end, and behind the end nothing is
-    /// found (QByteArray::lastIndexOf).
+    /// found. From size() itself a zero byte is found there: the one behind the last byte, unless
+    /// the bytes are only referred to (QByteArray::lastIndexOf).
     int lastIndexOf(KDRBuffer const& needle, int from = -1) const;
     /// The same for the bytes of @p needle up to its zero; a null pointer counts as empty.
     int lastIndexOf(char const* needle, int from = -1) const;
@@ -159,12 +163,14 @@ public:
     /// The last @p n bytes, all of them if there are fewer, none if @p n is negative
     /// (QByteArray::right).
     KDRBuffer right(int n) const;
-    /// The @p n bytes from @p pos on, with a negative @p n all to the end. What a negative @p pos
-    /// puts before the first byte counts but gives nothing; null where nothing can be given: beyond
-    /// the end, or before the first byte (QByteArray::mid).
+    /// The @p n bytes from @p pos on, or those that there are; with a negative @p n all to the end.
+    /// What a negative @p pos puts before the first byte counts but gives nothing. Null if the
+    /// stretch lies beyond the end or before the first byte; empty if it lies at the end, and for
+    /// no bytes out of the middle; all of the bytes, shared, if it takes in all (QByteArray::mid).
     KDRBuffer mid(int pos, int n = -1) const;
-    /// The bytes @p times over, a null buffer for 0 and less; throws std::bad_alloc where that is
-    /// more than an `int` counts (QByteArray::repeated).
+    /// The bytes @p times over, a null buffer for 0 and less; an empty buffer is itself any times
+    /// over, a null one null. Throws std::bad_alloc where that is more than an `int` counts
+    /// (QByteArray::repeated).
     KDRBuffer repeated(int times) const;
     /// The bytes without white space at both ends (QByteArray::trimmed).
     KDRBuffer trimmed() const;
@@ -269,12 +275,16 @@ public:
     /// Removes @p len bytes from @p pos on, fewer at the end; a position outside or a length of 0
     /// and less removes nothing. Returns this buffer (QByteArray::remove).
     KDRBuffer& remove(int pos, int len);
-    /// Puts the bytes of @p after in the place of @p len bytes from @p pos on: what remove() and
-    /// then insert() do. Returns this buffer (QByteArray::replace).
+    /// Puts the bytes of @p after, which may be this buffer, in the place of @p len bytes from
+    /// @p pos on: what remove() and then insert() do, with a gap filled by spaces. A buffer in
+    /// which nothing is removed or inserted stays null if it is, but for no bytes in the place of
+    /// no bytes that lie in or before it: they make it empty. Returns this buffer
+    /// (QByteArray::replace).
     KDRBuffer& replace(int pos, int len, KDRBuffer const& after);
     /// The same with the bytes of @p after up to its zero; null counts as empty.
     KDRBuffer& replace(int pos, int len, char const* after);
-    /// The same with the @p alen bytes at @p after; a negative @p alen means up to its zero.
+    /// The same with the @p alen bytes at @p after; a negative @p alen, or a null pointer, inserts
+    /// nothing.
     KDRBuffer& replace(int pos, int len, char const* after, int alen);
     /// Puts the bytes of @p after up to its zero in the place of every byte @p before; null counts
     /// as empty, so that the bytes are removed. Returns this buffer (QByteArray::replace).
@@ -310,9 +320,10 @@ public:
     /// Makes the size @p size, a negative one counting as 0. New bytes hold anything
     /// (QByteArray::resize).
     void resize(int size);
-    /// Makes room for @p size bytes; a negative one changes nothing (QByteArray::reserve).
+    /// Makes room for @p size bytes and copies shared ones, so that a null buffer becomes an empty
+    /// one with 0 too. A negative size changes nothing (QByteArray::reserve).
     void reserve(int size);
-    /// Gives up room that no byte uses (QByteArray::squeeze).
+    /// Gives up room that no byte uses; shared bytes are copied (QByteArray::squeeze).
     void squeeze();
     /// Exchanges the bytes of two buffers without copying any (QByteArray::swap).
     void swap(KDRBuffer& other);

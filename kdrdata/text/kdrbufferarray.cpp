@@ -58,7 +58,8 @@ KDRBuffer KDRBufferArray::join()
     if (size > INT_MAX)
         throw std::bad_alloc();
     KDRBuffer joined;
-    if (d->size() > 1)
+    // Room for nothing would make a null buffer an empty one.
+    if (d->size() > 1 && size > 0)
         joined.reserve(static_cast<int>(size));
     for (KDRBuffer const& element : qAsConst(*d))
         joined.append(element);

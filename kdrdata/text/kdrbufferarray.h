@@ -24,8 +24,8 @@ struct KDRInternal;
 /// KDRBuffer const whole = parts.join(); // "abcd"
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() and join() count as changes.
+/// Threads: one array may be read from several threads while none changes it, and operator[]() and
+/// join() count as changes. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRBufferArray
 {
 public:

@@ -15,7 +15,8 @@ struct KDRInternal;
 ///
 /// Most questions come in two forms. Without an argument they ask about this character. With a code
 /// point `u` (0 to 0x10FFFF) they ask about `u` and ignore this character. Above 0x10FFFF the
-/// properties are those of an unassigned code point and the mappings answer `u` itself. What Qt
+/// properties are those of an unassigned code point and the mappings answer `u` itself, but
+/// isNonCharacter() and the surrogate formulas go on as below: they look at bits alone. What Qt
 /// answers with an enumeration is a plain `int` of the same value here.
 ///
 /// Failure: none is reported. An allocation that fails throws std::bad_alloc.
@@ -28,7 +29,7 @@ struct KDRInternal;
 /// bool const same = letter.unicode() == KDRChar('A').unicode(); // true
 /// @endcode
 ///
-/// Threads: a plain value; one character must not be used by two threads while either changes it.
+/// Threads: one character may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRChar
 {
 public:

@@ -2,6 +2,7 @@
 
 #include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrstringarray.h>
+#include <kdrdata/text/textlimits_p.h>
 
 #include <QtCore/QRegExp>
 #include <QtCore/QString>
@@ -23,7 +24,7 @@ static_assert(int{KDRRegExp::KDRCaretAtOffset} == int{QRegExp::CaretAtOffset});
 static_assert(int{KDRRegExp::KDRCaretWontMatch} == int{QRegExp::CaretWontMatch});
 
 // Qt's enumerations cannot hold every int, so that values outside are sorted in here, as Qt itself
-// would take them.
+// would take them. That of the syntaxes can hold two values more than it has names for.
 Qt::CaseSensitivity qtCase(KDRRegExp::KDRCaseSensitivity cs)
 {
     return cs == KDRRegExp::KDRCaseInsensitive ? Qt::CaseInsensitive : Qt::CaseSensitive;
@@ -31,9 +32,8 @@ Qt::CaseSensitivity qtCase(KDRRegExp::KDRCaseSensitivity cs)
 
 QRegExp::PatternSyntax qtSyntax(KDRRegExp::KDRPatternSyntax syntax)
 {
-    bool const known =
-        syntax >= KDRRegExp::KDRRegExpSyntax && syntax <= KDRRegExp::KDRW3CXmlSchema11Syntax;
-    return known ? static_cast<QRegExp::PatternSyntax>(syntax) : QRegExp::RegExp;
+    bool const fits = syntax >= 0 && syntax <= 7;
+    return fits ? static_cast<QRegExp::PatternSyntax>(syntax) : QRegExp::RegExp;
 }
 
 QRegExp::CaretMode qtCaret(KDRRegExp::KDRCaretMode mode)
@@ -190,7 +190,7 @@ bool KDRRegExp::exactMatch(KDRString const& str) const
 
 int KDRRegExp::indexIn(KDRString const& str, int offset, KDRCaretMode caretMode) const
 {
-    return d->indexIn(KDRInternal::wrapped(str), offset, qtCaret(caretMode));
+    return KDRTextLimits::indexIn(*d, KDRInternal::wrapped(str), offset, qtCaret(caretMode));
 }
 
 int KDRRegExp::lastIndexIn(KDRString const& str, int offset, KDRCaretMode caretMode) const

@@ -47,7 +47,8 @@ public:
         KDRCaseSensitive = 1    ///< Qt::CaseSensitive
     };
 
-    /// How a pattern is read. A value outside the enumeration counts as KDRRegExpSyntax.
+    /// How a pattern is read. Values 6 and 7, which have no name, are kept and read as
+    /// KDRRegExpSyntax; any other value outside the enumeration becomes KDRRegExpSyntax.
     enum KDRPatternSyntax : int {
         KDRRegExpSyntax = 0,        ///< as in Perl (QRegExp::RegExp)
         KDRWildcardSyntax = 1,      ///< as in a shell: `?`, `*`, `[...]` (QRegExp::Wildcard)
@@ -126,8 +127,9 @@ public:
     /// The position of the first match at or after @p offset, or -1. A negative @p offset counts
     /// from the end: -1 starts at the last code unit. One further back than the text is long, which
     /// callers better avoid, counts from the end once more if the pattern is a plain text, and
-    /// finds nothing otherwise. With an @p offset beyond the end nothing is found; at the end an
-    /// empty match is (QRegExp::indexIn).
+    /// finds nothing otherwise. One further back than twice its length finds nothing, but that just
+    /// one further finds a plain text of one code unit at the end. With an @p offset beyond the end
+    /// nothing is found; at the end an empty match is (QRegExp::indexIn).
     int indexIn(KDRString const& str, int offset = 0,
                 KDRCaretMode caretMode = KDRCaretAtZero) const;
     /// The position of the last match that begins at or before @p offset, or -1. A negative

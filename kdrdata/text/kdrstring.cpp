@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <iterator>
 #include <new>
 
@@ -71,15 +72,29 @@ char formatLetter(KDRString::KDRConversionFormat format)
     return format == KDRString::KDRFormatGeneral ? 'g' : 'f';
 }
 
-// Qt divides by base 0, never comes to an end with base 1 and has no digits beyond base 36.
-int knownBase(int base) { return base < 2 || base > 36 ? 10 : base; }
+// Qt divides by base 0 and never comes to an end with base 1. A zero is written in any base.
+template <class Integer>
+int knownBase(Integer n, int base)
+{
+    return n != 0 && (base == 0 || base == 1) ? 10 : base;
+}
+
+// No floating-point number has more significant digits than this; asked for more of them, Qt works
+// long for the same answer and at last aborts the program.
+constexpr int mostSignificantDigits = 1100;
+
+int knownPrecision(double a, char letter, int precision)
+{
+    if (!std::isfinite(a))
+        return 0;
+    return letter == 'g' ? std::min(precision, mostSignificantDigits) : precision;
+}
 
 // Qt aborts the program at the largest precisions. No text is long enough for them.
-int possiblePrecision(int precision)
+void precisionMustFit(int precision)
 {
     if (precision > INT_MAX / 2)
         throw std::bad_alloc();
-    return precision;
 }
 
 void insertAt(QString& text, int i, QString const& inserted)
@@ -92,44 +107,110 @@ void insertAt(QString& text, int i, QString const& inserted)
 // Qt takes every negative size for -1, but not in all of its decoders.
 int knownSize(int size) { return std::max(size, -1); }
 
-// Throws std::bad_alloc where replacing what an expression matches may make too many units.
-// Captures can come up in the new text: all of them together at most once for each backslash, since
-// matches do not overlap.
-void replacementMustFit(QString const& text, QRegExp const& rx, QString const& after)
+// Where a text grows, Qt makes room for so many occurrences at a time and may find none half way
+// through.
+void replaceAll(QString& text, QString before, QString after, Qt::CaseSensitivity cs)
 {
-    long long const captured = text.size() * (1LL + after.count('\\'));
-    long long const most = text.size() + 1LL;
-    if (captured + most * after.size() <= INT_MAX)
+    // What lies in the text itself, Qt copies and forgets where it finds no memory.
+    if (before.isSharedWith(text))
+        before = QString(before.constData(), before.size());
+    if (after.isSharedWith(text))
+        after = QString(after.constData(), after.size());
+    replacementMustFit(text.size(), before.size(), after.size(),
+                       [&](int from) { return text.indexOf(before, from, cs); });
+    constexpr int atATime = 1024;
+    if (after.size() <= before.size() || mostOccurrences(text.size(), before.size()) <= atATime) {
+        text.replace(before, after, cs);
+        return;
+    }
+    QString edited(text);
+    edited.replace(before, after, cs);
+    text.swap(edited);
+}
+
+// Whether a text that replaces matches takes up what groups have captured. Qt then edits match by
+// match and overflows nowhere.
+bool takesUpCaptures(QString const& after, int groups)
+{
+    for (int i = after.indexOf('\\'); i >= 0 && i + 1 < after.size();
+         i = after.indexOf('\\', i + 1)) {
+        int const group = after.at(i + 1).digitValue();
+        if (group > 0 && group <= groups)
+            return true;
+    }
+    return false;
+}
+
+// Throws std::bad_alloc where replacing what an expression matches makes too many units.
+void matchesMustFit(QString const& text, QRegExp const& rx, QString const& after)
+{
+    if (text.size() + (text.size() + 1LL) * after.size() <= INT_MAX ||
+        takesUpCaptures(after, rx.captureCount()))
         return;
     QRegExp counter(rx.pattern(), rx.caseSensitivity(), rx.patternSyntax());
     counter.setMinimal(rx.isMinimal());
-    long long count = 0;
+    long long size = text.size();
     for (int at = counter.indexIn(text); at >= 0;
          at = counter.indexIn(text, at + std::max(1, counter.matchedLength())))
-        ++count;
-    mustFit(captured + count * after.size());
+        size += after.size() - counter.matchedLength();
+    mustFit(size);
+}
+
+// Qt edits in as many steps as there are matches, or thousands of matches, and each may find no
+// memory.
+void replaceMatches(QString& text, QRegExp const& rx, QString const& after)
+{
+    matchesMustFit(text, rx, after);
+    QString edited(text);
+    edited.replace(rx, after);
+    text.swap(edited);
 }
 
 // The longest that an integer is written in any base, digit groups and sign included, and a
-// floating-point number but for its precision.
+// floating-point number but for its decimals.
 constexpr int longestInteger = 128;
-constexpr int longestFloating = 512;
+constexpr int longestFloating = 2048;
 
-void integerMustFit(QString const& text, int fieldWidth)
+template <class Integer, class... Fill>
+KDRString argInteger(QString const& text, Integer a, int fieldWidth, int base, Fill... fill)
 {
-    formattedMustFit(text, fieldWidth, longestInteger);
+    int const known = knownBase(a, base);
+    formattedMustFit(text, fieldWidth, longestInteger,
+                     [&](QString const& marker) { return marker.arg(a, 0, known).size(); });
+    return KDRInternal::taking<KDRString>(text.arg(a, fieldWidth, known, fill...));
 }
 
-void floatingMustFit(QString const& text, int fieldWidth, int precision)
+template <class... Fill>
+KDRString argFloating(QString const& text, double a, int fieldWidth, char letter, int precision,
+                      Fill... fill)
 {
-    formattedMustFit(text, fieldWidth,
-                     longestFloating + static_cast<long long>(std::max(0, precision)));
+    int const known = knownPrecision(a, letter, precision);
+    int const decimals = known > mostSignificantDigits ? known : 0;
+    auto const lengthAt = [&](QString const& marker) {
+        precisionMustFit(known);
+        return decimals == 0 ? marker.arg(a, 0, letter, known).size()
+                             : marker.arg(a, 0, letter, 0).size() + 1LL + decimals;
+    };
+    // Above the half of what an int counts, one marker is too many.
+    long long const bound =
+        known > INT_MAX / 2 ? 1LL + INT_MAX : longestFloating + static_cast<long long>(decimals);
+    formattedMustFit(text, fieldWidth, bound, lengthAt);
+    return KDRInternal::taking<KDRString>(text.arg(a, fieldWidth, letter, known, fill...));
 }
 
-QString argCharacter(QString const& text, QChar a, int fieldWidth, QChar fill)
+template <class Value, class... Fill>
+KDRString argUnits(QString const& text, Value const& a, int units, int fieldWidth, Fill... fill)
 {
-    formattedMustFit(text, fieldWidth, 1);
-    return a.isNull() ? text.arg(QString(""), fieldWidth, fill) : text.arg(a, fieldWidth, fill);
+    formattedMustFit(text, fieldWidth, units, [&](QString const&) { return units; });
+    return KDRInternal::taking<KDRString>(text.arg(a, fieldWidth, fill...));
+}
+
+// A zero character is replaced by no character at all.
+template <class... Fill>
+KDRString argCharacter(QString const& text, QChar a, int fieldWidth, Fill... fill)
+{
+    return a.isNull() ? argUnits(text, QString(""), 0, fieldWidth, fill...)
+                      : argUnits(text, a, 1, fieldWidth, fill...);
 }
 
 } // namespace
@@ -242,12 +323,12 @@ int KDRString::indexOf(KDRString const& s, int from, KDRCaseSensitivity cs) cons
 
 int KDRString::indexOf(KDRRegExp const& rx, int from) const
 {
-    return d->indexOf(*KDRInternal::pointer(rx), from);
+    return indexIn(KDRInternal::wrapped(rx), *d, from);
 }
 
 int KDRString::indexOf(KDRRegExp& rx, int from) const
 {
-    return d->indexOf(KDRInternal::wrapped(rx), from);
+    return indexIn(KDRInternal::wrapped(rx), *d, from);
 }
 
 int KDRString::lastIndexOf(KDRString const& s, int from, KDRCaseSensitivity cs) const
@@ -310,15 +391,17 @@ KDRString& KDRString::remove(KDRString const& s, KDRCaseSensitivity cs)
 
 KDRString& KDRString::remove(KDRRegExp const& rx)
 {
-    d->replace(KDRInternal::wrapped(rx), QString());
+    replaceMatches(*d, KDRInternal::wrapped(rx), QString());
     return *this;
 }
 
 KDRString& KDRString::replace(int position, int n, KDRString const& after)
 {
-    // Qt would read what lies before the text.
-    if (n < 0 && position >= 0 && position <= d->size())
+    // With a negative count Qt would read what lies before the text, and add up three sizes.
+    if (n < 0 && position >= 0 && position <= d->size()) {
         n = std::max(n, -position);
+        mustFit(static_cast<long long>(d->size()) + after.d->size() - n);
+    }
     d->replace(position, n, *after.d);
     return *this;
 }
@@ -326,16 +409,13 @@ KDRString& KDRString::replace(int position, int n, KDRString const& after)
 KDRString& KDRString::replace(KDRString const& before, KDRString const& after,
                               KDRCaseSensitivity cs)
 {
-    replacementMustFit(d->size(), before.d->size(), after.d->size(),
-                       [&](int from) { return d->indexOf(*before.d, from, qtCase(cs)); });
-    d->replace(*before.d, *after.d, qtCase(cs));
+    replaceAll(*d, *before.d, *after.d, qtCase(cs));
     return *this;
 }
 
 KDRString& KDRString::replace(KDRRegExp const& rx, KDRString const& after)
 {
-    replacementMustFit(*d, KDRInternal::wrapped(rx), *after.d);
-    d->replace(KDRInternal::wrapped(rx), *after.d);
+    replaceMatches(*d, KDRInternal::wrapped(rx), *after.d);
     return *this;
 }
 
@@ -379,27 +459,22 @@ KDRStringArray KDRString::split(KDRRegExp const& rx, KDRSplitBehavior behavior) 
 
 KDRString KDRString::arg(KDRString const& a, int fieldWidth) const
 {
-    formattedMustFit(*d, fieldWidth, a.d->size());
-    return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth));
+    return argUnits(*d, *a.d, a.d->size(), fieldWidth);
 }
 
 KDRString KDRString::arg(KDRString const& a, int fieldWidth, KDRChar fillChar) const
 {
-    formattedMustFit(*d, fieldWidth, a.d->size());
-    return KDRInternal::taking<KDRString>(d->arg(*a.d, fieldWidth, KDRInternal::wrapped(fillChar)));
+    return argUnits(*d, *a.d, a.d->size(), fieldWidth, KDRInternal::wrapped(fillChar));
 }
 
 #define KDR_DEFINE_ARG(Integer, Widened)                                                           \
     KDRString KDRString::arg(Integer a, int fieldWidth, int base) const                            \
     {                                                                                              \
-        integerMustFit(*d, fieldWidth);                                                            \
-        return KDRInternal::taking<KDRString>(d->arg(Widened{a}, fieldWidth, knownBase(base)));    \
+        return argInteger(*d, Widened{a}, fieldWidth, base);                                       \
     }                                                                                              \
     KDRString KDRString::arg(Integer a, int fieldWidth, int base, KDRChar fillChar) const          \
     {                                                                                              \
-        integerMustFit(*d, fieldWidth);                                                            \
-        return KDRInternal::taking<KDRString>(                                                     \
-            d->arg(Widened{a}, fieldWidth, knownBase(base), KDRInternal::wrapped(fillChar)));      \
+        return argInteger(*d, Widened{a}, fieldWidth, base, KDRInternal::wrapped(fillChar));       \
     }
 KDR_DEFINE_ARG(int, qlonglong)
 KDR_DEFINE_ARG(short, qlonglong)
@@ -413,42 +488,31 @@ KDR_DEFINE_ARG(unsigned long long, qulonglong)
 
 KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision) const
 {
-    floatingMustFit(*d, fieldWidth, precision);
-    return KDRInternal::taking<KDRString>(
-        d->arg(a, fieldWidth, formatLetter(format), possiblePrecision(precision)));
+    return argFloating(*d, a, fieldWidth, formatLetter(format), precision);
 }
 
 KDRString KDRString::arg(double a, int fieldWidth, KDRConversionFormat format, int precision,
                          KDRChar fillChar) const
 {
-    floatingMustFit(*d, fieldWidth, precision);
-    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, formatLetter(format),
-                                                 possiblePrecision(precision),
-                                                 KDRInternal::wrapped(fillChar)));
+    return argFloating(*d, a, fieldWidth, formatLetter(format), precision,
+                       KDRInternal::wrapped(fillChar));
 }
 
-KDRString KDRString::arg(char a, int fieldWidth) const
-{
-    formattedMustFit(*d, fieldWidth, 1);
-    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth));
-}
+KDRString KDRString::arg(char a, int fieldWidth) const { return argUnits(*d, a, 1, fieldWidth); }
 
 KDRString KDRString::arg(char a, int fieldWidth, KDRChar fillChar) const
 {
-    formattedMustFit(*d, fieldWidth, 1);
-    return KDRInternal::taking<KDRString>(d->arg(a, fieldWidth, KDRInternal::wrapped(fillChar)));
+    return argUnits(*d, a, 1, fieldWidth, KDRInternal::wrapped(fillChar));
 }
 
 KDRString KDRString::arg(KDRChar a, int fieldWidth) const
 {
-    return KDRInternal::taking<KDRString>(
-        argCharacter(*d, KDRInternal::wrapped(a), fieldWidth, QChar(QChar::Space)));
+    return argCharacter(*d, KDRInternal::wrapped(a), fieldWidth);
 }
 
 KDRString KDRString::arg(KDRChar a, int fieldWidth, KDRChar fillChar) const
 {
-    return KDRInternal::taking<KDRString>(
-        argCharacter(*d, KDRInternal::wrapped(a), fieldWidth, KDRInternal::wrapped(fillChar)));
+    return argCharacter(*d, KDRInternal::wrapped(a), fieldWidth, KDRInternal::wrapped(fillChar));
 }
 
 double KDRString::toDouble(bool* ok) const { return d->toDouble(ok); }
@@ -465,55 +529,58 @@ unsigned short KDRString::toUShort(bool* ok, int base) const { return d->toUShor
 
 KDRString& KDRString::setNum(int n, int base)
 {
-    d->setNum(qlonglong{n}, knownBase(base));
+    d->setNum(qlonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(short n, int base)
 {
-    d->setNum(qlonglong{n}, knownBase(base));
+    d->setNum(qlonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(long n, int base)
 {
-    d->setNum(qlonglong{n}, knownBase(base));
+    d->setNum(qlonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(long long n, int base)
 {
-    d->setNum(n, knownBase(base));
+    d->setNum(n, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(unsigned int n, int base)
 {
-    d->setNum(qulonglong{n}, knownBase(base));
+    d->setNum(qulonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(unsigned short n, int base)
 {
-    d->setNum(qulonglong{n}, knownBase(base));
+    d->setNum(qulonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(unsigned long n, int base)
 {
-    d->setNum(qulonglong{n}, knownBase(base));
+    d->setNum(qulonglong{n}, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(unsigned long long n, int base)
 {
-    d->setNum(n, knownBase(base));
+    d->setNum(n, knownBase(n, base));
     return *this;
 }
 
 KDRString& KDRString::setNum(double n, KDRConversionFormat format, int precision)
 {
-    d->setNum(n, formatLetter(format), possiblePrecision(precision));
+    char const letter = formatLetter(format);
+    int const known = knownPrecision(n, letter, precision);
+    precisionMustFit(known);
+    d->setNum(n, letter, known);
     return *this;
 }
 

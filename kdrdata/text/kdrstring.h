@@ -35,8 +35,8 @@ struct KDRInternal;
 /// bool const same = path == name;         // false
 /// @endcode
 ///
-/// Threads: one string must not be used by two threads while either changes it. Strings that
-/// merely share text may live in different threads. setLocalTextCodec() concerns the process.
+/// Threads: one string may be read from several threads while none changes it. Strings that share
+/// text may be used from different threads. setLocalTextCodec() concerns the process.
 class KDRDATA_EXPORT KDRString
 {
 public:
@@ -272,10 +272,11 @@ public:
     KDRString right(int n) const;
     /// The @p n code units from @p position on, or those that there are; with a negative @p n all
     /// of them. Code units before the start count among the @p n but are not there. Null if
-    /// nothing of the stretch lies in the text, empty if it lies at its end (QString::mid).
+    /// nothing of the stretch lies in the text, empty if it lies at its end or has no code unit
+    /// (QString::mid).
     KDRString mid(int position, int n = -1) const;
-    /// This text @p times over; null if @p times is 0 or less. What no string can hold throws
-    /// std::bad_alloc (QString::repeated).
+    /// This text @p times over; null if @p times is 0 or less, but an empty text is itself any
+    /// times over. What no string can hold throws std::bad_alloc (QString::repeated).
     KDRString repeated(int times) const;
     /// This text without the white space at its ends (QString::trimmed).
     KDRString trimmed() const;
@@ -300,18 +301,18 @@ public:
     KDRStringArray split(KDRRegExp const& rx, KDRSplitBehavior behavior = KDRKeepEmptyParts) const;
 
     /// A copy of this text with every occurrence of its lowest-numbered place marker (`%1` to
-    /// `%99`, or `%L1` to `%L99`) replaced by @p a. @p a is padded with spaces to at least the
-    /// magnitude of @p fieldWidth code units, on the left if that is positive, on the right if
-    /// negative. Without a marker the copy is unchanged and Qt logs a warning
-    /// (QString::arg(QString const&, int, QChar)).
+    /// `%99`, or `%L1` to `%L99`; `%0` and `%00` are markers of number 0) replaced by @p a. @p a is
+    /// padded with spaces to at least the magnitude of @p fieldWidth code units, on the left if
+    /// that is positive, on the right if negative. Without a marker the copy is unchanged and Qt
+    /// logs a warning (QString::arg(QString const&, int, QChar)).
     KDRString arg(KDRString const& a, int fieldWidth = 0) const;
     /// The same, padded with @p fillChar.
     KDRString arg(KDRString const& a, int fieldWidth, KDRChar fillChar) const;
-    /// The same with the number @p a in the given @p base, 2 to 36 with small letters for digits;
-    /// any other counts as 10. In base 10 a negative number has its sign, in other bases it is
-    /// written as the 64-bit number with the same bits. `%L1` groups the digits of base 10 as
-    /// Qt's default locale does
-    /// (QString::arg(long long, int, int, QChar)).
+    /// The same with the number @p a in the given @p base, 2 to 36 with small letters for digits.
+    /// Bases 0 and 1 count as 10; in any other, characters behind `z` or before `0` in Unicode
+    /// stand for the digits that have none. In base 10 a negative number has its sign, in other
+    /// bases it is written as the 64-bit number with the same bits. `%L1` groups the digits of base
+    /// 10 as Qt's default locale does (QString::arg(long long, int, int, QChar)).
     KDRString arg(int a, int fieldWidth = 0, int base = 10) const;
     /// The same, padded with @p fillChar. Zeros come after the sign, and one by one: a width of a
     /// hundred thousand takes about 0.1 s, ten times the width a hundred times that.
@@ -346,8 +347,9 @@ public:
     /// @copydoc arg(unsigned int, int, int, KDRChar) const
     KDRString arg(unsigned long long a, int fieldWidth, int base, KDRChar fillChar) const;
     /// The same with the floating-point number @p a. @p precision counts significant digits in the
-    /// general and decimals in the fixed format; a negative one means 6. Its cost grows with it;
-    /// above the half of INT_MAX it throws std::bad_alloc
+    /// general and decimals in the fixed format; a negative one means 6, but -128 as many as tell
+    /// the number from its neighbours. The cost of decimals grows with their number; more of them
+    /// than the half of INT_MAX throw std::bad_alloc
     /// (QString::arg(double, int, char, int, QChar) with the letter 'g' or 'f').
     KDRString arg(double a, int fieldWidth = 0, KDRConversionFormat format = KDRFormatGeneral,
                   int precision = -1) const;
@@ -389,9 +391,10 @@ public:
     /// The same as an `unsigned short`; negative numbers are none (QString::toUShort).
     unsigned short toUShort(bool* ok = nullptr, int base = 10) const;
 
-    /// Makes this text the number @p n in the given @p base, 2 to 36 with small letters for digits;
-    /// any other counts as 10. In base 10 a negative number has its sign, in other bases it is
-    /// written as the 64-bit number with the same bits. Returns this string
+    /// Makes this text the number @p n in the given @p base, 2 to 36 with small letters for digits.
+    /// Bases 0 and 1 count as 10; in any other, characters behind `z` or before `0` in Unicode
+    /// stand for the digits that have none. In base 10 a negative number has its sign, in other
+    /// bases it is written as the 64-bit number with the same bits. Returns this string
     /// (QString::setNum(long long, int)).
     KDRString& setNum(int n, int base = 10);
     /// @copydoc setNum(int, int)
@@ -409,8 +412,9 @@ public:
     /// @copydoc setNum(unsigned int, int)
     KDRString& setNum(unsigned long long n, int base = 10);
     /// Makes this text the floating-point number @p n in the C locale. @p precision counts
-    /// significant digits in the general and decimals in the fixed format; a negative one means 6.
-    /// Its cost grows with it; above the half of INT_MAX it throws std::bad_alloc. Returns this
+    /// significant digits in the general and decimals in the fixed format; a negative one means 6,
+    /// but -128 as many as tell the number from its neighbours. The cost of decimals grows with
+    /// their number; more of them than the half of INT_MAX throw std::bad_alloc. Returns this
     /// string (QString::setNum(double, char, int) with the letter 'g' or 'f').
     KDRString& setNum(double n, KDRConversionFormat format = KDRFormatGeneral, int precision = 6);
     /// The same with @p n widened to a `double`, so that a high precision shows its bits.

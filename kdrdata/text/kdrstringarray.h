@@ -31,9 +31,9 @@ struct KDRInternal;
 /// KDRString const both = names.join(KDRString(", ")); // "left, right"
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change. A search
-/// with a KDRRegExp changes the expression.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads. A search with
+/// a KDRRegExp changes the expression.
 class KDRDATA_EXPORT KDRStringArray
 {
 public:

@@ -1,6 +1,7 @@
 #ifndef KDRDATA_TEXTLIMITS_P_H
 #define KDRDATA_TEXTLIMITS_P_H
 
+#include <QtCore/QRegExp>
 #include <QtCore/QString>
 
 #include <algorithm>
@@ -19,6 +20,12 @@ inline void mustFit(long long size)
         throw std::bad_alloc();
 }
 
+/// The most occurrences that a text of @p size units has of one of @p needle units.
+inline long long mostOccurrences(int size, int needle)
+{
+    return needle > 0 ? size / needle : size + 1LL;
+}
+
 /// Throws std::bad_alloc where replacing each occurrence of @p before units by @p after ones makes
 /// too many. @p find answers the first occurrence at or behind a position, or -1; it is asked only
 /// where the number of occurrences matters.
@@ -28,7 +35,7 @@ void replacementMustFit(int size, int before, int after, Find const& find)
     long long const growth = static_cast<long long>(after) - before;
     if (growth <= 0)
         return;
-    long long count = before > 0 ? size / before : size + 1LL;
+    long long count = mostOccurrences(size, before);
     if (before > 0 && size + count * growth > INT_MAX) {
         count = 0;
         for (int at = find(0); at >= 0; at = find(at + before))
@@ -37,39 +44,61 @@ void replacementMustFit(int size, int before, int after, Find const& find)
     mustFit(size + count * growth);
 }
 
-/// How often the lowest-numbered place marker of @p text occurs: `%` and one or two digits, with an
-/// `L` between or not.
-inline long long markersIn(QString const& text)
+/// The place markers of the lowest number in a text: `%` and one or two digits, `L` between or not.
+struct Markers
+{
+    long long plain = 0;     ///< how many have no `L`
+    long long localised = 0; ///< how many have one
+    long long units = 0;     ///< how many code units all of them take
+};
+
+inline Markers lowestMarkers(QString const& text)
 {
     int lowest = INT_MAX;
-    long long count = 0;
+    Markers found;
     for (int i = text.indexOf('%'); i >= 0; i = text.indexOf('%', i + 1)) {
         int at = i + 1;
-        if (at < text.size() && text.at(at) == 'L')
+        bool const localised = at < text.size() && text.at(at) == 'L';
+        if (localised)
             ++at;
         int number = at < text.size() ? text.at(at).digitValue() : -1;
         if (number < 0)
             continue;
-        int const second = at + 1 < text.size() ? text.at(at + 1).digitValue() : -1;
-        if (second >= 0)
+        ++at;
+        int const second = at < text.size() ? text.at(at).digitValue() : -1;
+        if (second >= 0) {
             number = 10 * number + second;
+            ++at;
+        }
         if (number < lowest)
-            count = 0;
+            found = Markers();
         lowest = std::min(lowest, number);
-        if (number == lowest)
-            ++count;
+        if (number == lowest) {
+            ++(localised ? found.localised : found.plain);
+            found.units += at - i;
+        }
     }
-    return count;
+    return found;
 }
 
-/// Throws std::bad_alloc where putting @p longest units, or as many as @p fieldWidth asks for, in
-/// the place of each marker makes too many.
-inline void formattedMustFit(QString const& text, int fieldWidth, long long longest)
+/// Throws std::bad_alloc where putting a value in the place of each marker makes too many units.
+/// A value is never longer than @p bound or, where that is more, @p fieldWidth; @p lengthAt answers
+/// how long it is at the marker `%1` or `%L1`, and is asked only where that matters.
+template <class LengthAt>
+void formattedMustFit(QString const& text, int fieldWidth, long long bound,
+                      LengthAt const& lengthAt)
 {
-    longest = std::max(longest, std::llabs(fieldWidth));
+    long long const width = std::llabs(fieldWidth);
     long long const most = text.size() / 2;
-    if (text.size() + most * longest > INT_MAX)
-        mustFit(text.size() + markersIn(text) * longest);
+    if (text.size() + most * std::max(bound, width) <= INT_MAX)
+        return;
+    Markers const markers = lowestMarkers(text);
+    long long size = text.size() - markers.units;
+    if (markers.plain > 0)
+        size += markers.plain * std::max<long long>(width, lengthAt(QString("%1")));
+    if (markers.localised > 0)
+        size += markers.localised * std::max<long long>(width, lengthAt(QString("%L1")));
+    mustFit(size);
 }
 
 /// Where to search from: from just before the start Qt searches what lies before the text as well,
@@ -78,6 +107,21 @@ inline int searchStart(int size, int needle, int from)
 {
     bool const justBefore = from < -size && from >= -size - needle;
     return justBefore && needle > 1 ? 0 : from;
+}
+
+/// QRegExp::indexIn() within the text. From further before the text than it is long twice over, Qt
+/// finds patterns that are plain texts in the memory in front of it. Only a plain text of one unit
+/// is searched within bounds from there, and from one place only: from the last unit.
+inline int indexIn(QRegExp const& rx, QString const& text, int offset,
+                   QRegExp::CaretMode caretMode = QRegExp::CaretAtZero)
+{
+    int const size = text.size();
+    long long const twiceFromEnd = offset + 2LL * size;
+    if (size == 0 || twiceFromEnd >= 0)
+        return rx.indexIn(text, offset, caretMode);
+    // Plain texts count this offset from the end twice as well, all others find nothing at it.
+    bool const atLast = twiceFromEnd == -1 && !rx.isEmpty();
+    return rx.indexIn(text, atLast ? -size - 1 : size + 1, caretMode);
 }
 
 } // namespace KDRTextLimits

@@ -3,47 +3,8 @@
 
 #include <kdrdata/kdrdata_export.h>
 #include <kdrdata/variant/kdrvariantkind.h>
+#include <kdrdata/variant/kdrvariantpayloads.h>
 
-class KDRBoolArray;
-class KDRBuffer;
-class KDRBufferArray;
-class KDRChar;
-class KDRContour;
-class KDRContour3D;
-class KDRContour3DArray;
-class KDRContourArray;
-class KDRDualQuaternion;
-class KDRImage;
-class KDRImageArray;
-class KDRMatrix;
-class KDRMatrix3;
-class KDRMatrix4;
-class KDRMatrixArray;
-class KDRNumber;
-class KDRNumberArray;
-class KDRPlane3D;
-class KDRPlane3DArray;
-class KDRPoint;
-class KDRPoint3D;
-class KDRPoint3DArray;
-class KDRPointArray;
-class KDRPointCloud;
-class KDRPointCloudArray;
-class KDRPose2D;
-class KDRPose3D;
-class KDRQuaternion;
-class KDRROIAlignment;
-class KDRRangeImage;
-class KDRRangeImageArray;
-class KDRShape;
-class KDRShape3D;
-class KDRShape3DArray;
-class KDRShapeArray;
-class KDRString;
-class KDRStringArray;
-class KDRVariantArray;
-class KDRVector3d;
-class KDRVector3dArray;
 class KDRVariantLock;
 struct KDRInternal;
 
@@ -79,14 +40,18 @@ struct KDRInternal;
 /// bool const read = parameter.toInt(&level);
 /// @endcode
 ///
-/// Threads: copy construction and assignment lock the two handles involved, so that a handle may be
-/// copied from several threads at once and while another thread assigns to it. Copy construction
-/// locks the new handle first, assignment the source first; two handles assigned to each other
-/// crosswise from two threads at once can therefore deadlock, which is the callers' to avoid.
-/// Readers, writers and clone() take no lock: a handle must not be read, cloned, copied or assigned
-/// while a writer runs on it, nor read or cloned while it is assigned to. Handles that share a
-/// store may be used in different threads; what a pointer reader hands out must not be changed
-/// while another handle of that store is used.
+/// Threads: one variant may be read from several threads while none changes it; what is more, it
+/// may be copied, and assigned from, while another thread assigns to it. Variants that share a
+/// store may be used from different threads, but what a pointer reader hands out must not be
+/// changed while another variant of that store is used.
+///
+/// Copy construction and assignment lock the two handles involved, and nothing else takes a lock:
+/// to write to a handle or to destroy it while another thread uses it in any way, and to read,
+/// describe or clone it while another thread assigns to it, is not protected. Assignment locks the
+/// source first and then the target. Handles that are assigned in a ring by several threads at once
+/// (a = b and b = a in two threads, or a = b, b = c and c = a in three) can therefore wait for each
+/// other for ever, which is the callers' to avoid. Copy construction, which locks the new handle
+/// first, has no part in that: no other thread knows the new handle yet.
 class KDRDATA_EXPORT KDRVariant
 {
 public:

@@ -22,7 +22,9 @@ struct KDRInternal;
 /// An array may be an element of another. If an array is reached through
 /// KDRVariant::toVariantArrayPtr() and the variant that holds it is pushed into it, the store holds
 /// itself and is not freed before the element is removed again. Freeing goes as deep as arrays are
-/// nested: keep that to some thousands of levels, which is what a thread's stack has room for.
+/// nested and takes about 180 bytes of the thread's stack a level in an optimised build, 460 in a
+/// debug build (g++, 64 bits): 512 KiB hold about 2,900 levels (debug 1,100), 1 MiB 5,900 (2,300)
+/// and 8 MiB 47,000 (18,000). Deeper nests overrun the stack.
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
@@ -34,14 +36,14 @@ struct KDRInternal;
 /// bool const found = recipe.select(0, &level);
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRVariantArray
 {
 public:
     /// An empty array.
     KDRVariantArray();
-    /// Shares the storage of @p other.
+    /// Shares the storage of @p other; a copy of an empty array has none to share.
     KDRVariantArray(KDRVariantArray const& other);
     /// Gives up this array's share of the storage, and with the last one each element's share of
     /// its store.
@@ -56,7 +58,9 @@ public:
     /// Appends a variant that shares the store of @p value.
     void push_back(KDRVariant const& value);
     /// Appends all elements of @p other in order; @p other may be this array itself. A new list is
-    /// built and installed, whose elements share the stores of the old ones.
+    /// built and installed, whose elements share the stores of the old ones; appending to an array
+    /// that never held storage, or was cleared, shares the storage of @p other instead, and
+    /// appending an empty array changes nothing.
     void push_back(KDRVariantArray const& other);
 
     /// Inserts a variant that shares the store of @p value before @p index. Answers true when

@@ -7,47 +7,8 @@
 
 #include <kdrdata/kdrdata_export.h>
 #include <kdrdata/variant/kdrvariantkind.h>
+#include <kdrdata/variant/kdrvariantpayloads.h>
 
-class KDRBoolArray;
-class KDRBuffer;
-class KDRBufferArray;
-class KDRChar;
-class KDRContour;
-class KDRContour3D;
-class KDRContour3DArray;
-class KDRContourArray;
-class KDRDualQuaternion;
-class KDRImage;
-class KDRImageArray;
-class KDRMatrix;
-class KDRMatrix3;
-class KDRMatrix4;
-class KDRMatrixArray;
-class KDRNumber;
-class KDRNumberArray;
-class KDRPlane3D;
-class KDRPlane3DArray;
-class KDRPoint;
-class KDRPoint3D;
-class KDRPoint3DArray;
-class KDRPointArray;
-class KDRPointCloud;
-class KDRPointCloudArray;
-class KDRPose2D;
-class KDRPose3D;
-class KDRQuaternion;
-class KDRROIAlignment;
-class KDRRangeImage;
-class KDRRangeImageArray;
-class KDRShape;
-class KDRShape3D;
-class KDRShape3DArray;
-class KDRShapeArray;
-class KDRString;
-class KDRStringArray;
-class KDRVariantArray;
-class KDRVector3d;
-class KDRVector3dArray;
 struct KDRInternal;
 
 /// The reference-counted store behind every KDRVariant: one payload of one kind.

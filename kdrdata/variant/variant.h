@@ -8,6 +8,7 @@
 #include <kdrdata/variant/kdrvariantarray.h>
 #include <kdrdata/variant/kdrvariantkind.h>
 #include <kdrdata/variant/kdrvariantlock.h>
+#include <kdrdata/variant/kdrvariantpayloads.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
 #endif

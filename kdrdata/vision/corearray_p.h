@@ -25,10 +25,6 @@ inline auto& core(KDRPoint& point) noexcept
 {
     return KDRInternal::wrapped(KDRInternal::wrapped(point));
 }
-inline auto const& core(KDRPoint const& point) noexcept
-{
-    return KDRInternal::wrapped(KDRInternal::wrapped(point));
-}
 
 template <class CoreArray>
 bool contains(CoreArray const& array, int index)
@@ -62,21 +58,21 @@ bool select(CoreArray const& array, int index, Element* out)
     return true;
 }
 
-template <class CoreArray, class Element>
-bool replace(CoreArray& array, int index, Element const& value)
+template <class CoreArray, class CoreElement>
+bool replace(CoreArray& array, int index, CoreElement& value)
 {
     if (!contains(array, index))
         return false;
-    array.Replace(index, core(value));
+    array.Replace(index, value);
     return true;
 }
 
-template <class CoreArray, class Element>
-bool insert(CoreArray& array, int index, Element const& value)
+template <class CoreArray, class CoreElement>
+bool insert(CoreArray& array, int index, CoreElement& value)
 {
     if (!contains(array, index))
         return false;
-    array.Insert(index, core(value));
+    array.Insert(index, value);
     return true;
 }
 
@@ -93,10 +89,8 @@ template <class Element, class CoreArray>
 Element at(CoreArray const* array, int index)
 {
     Element element;
-    if (array) {
-        Q_ASSERT(contains(*array, index));
+    if (array)
         core(element) = (*array)[index];
-    }
     return element;
 }
 

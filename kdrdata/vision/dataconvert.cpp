@@ -46,51 +46,51 @@ int DataConvert::ShapeToROI(KDRShape& shape, VelROI* roi)
     double c = 0.0;
     double e = 0.0;
     switch (shape.shapeType()) {
-    case ShapeKindPoint:
+    case KDRShape::Point:
         shape.toPoint(&first);
         roi->GenPoint(core(first));
         break;
-    case ShapeKindRect1:
+    case KDRShape::Rect1:
         shape.toRect1(&first, &second);
         roi->GenRect1(core(first), core(second));
         break;
-    case ShapeKindCircle:
+    case KDRShape::Circle:
         shape.toCircle(&first, &a);
         roi->GenCircle(core(first), a);
         break;
-    case ShapeKindTorus:
+    case KDRShape::Torus:
         shape.toTorus(&first, &a, &b, &c, &e);
         roi->GenTorus(core(first), a, b, c, e);
         break;
-    case ShapeKindRect2:
+    case KDRShape::Rect2:
         shape.toRect2(&first, &a, &b, &c);
         roi->GenRect2(core(first), a, b, c);
         break;
-    case ShapeKindLine:
+    case KDRShape::Line:
         shape.toLine(&first, &second);
         roi->GenLine(core(first), core(second));
         break;
-    case ShapeKindArrow:
+    case KDRShape::Arrow:
         shape.toArrow(&first, &second);
         roi->GenLine(core(first), core(second));
         break;
-    case ShapeKindEllipse:
+    case KDRShape::Ellipse:
         shape.toEllipse(&first, &a, &b, &c);
         roi->GenEllipse(core(first), a, b, c);
         break;
-    case ShapeKindArc:
+    case KDRShape::Arc:
         shape.toArc(&first, &a, &b, &c);
         roi->GenArc(core(first), a, b, c);
         break;
-    case ShapeKindPolygon:
+    case KDRShape::Polygon:
         shape.toPolygon(&points);
         roi->GenPolygon(core(points));
         break;
-    case ShapeKindIrregular:
+    case KDRShape::Irregular:
         shape.toIrregular(&points);
         roi->GenIrregular(core(points));
         break;
-    case ShapeKindEmpty:
+    case KDRShape::Empty:
         *roi = VelROI();
         break;
     default:

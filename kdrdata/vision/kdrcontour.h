@@ -19,7 +19,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc.
 ///
-/// Threads: a plain value; one contour may be read by several threads while none changes it.
+/// Threads: one contour may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRContour
 {
 public:

@@ -36,12 +36,12 @@ bool KDRContourArray::select(int index, KDRContour* out) const
 
 bool KDRContourArray::replace(int index, KDRContour const& value)
 {
-    return KDRCoreArray::replace(*d, index, value);
+    return KDRCoreArray::replace(*d, index, KDRCoreArray::core(value));
 }
 
 bool KDRContourArray::insert(int index, KDRContour const& value)
 {
-    return KDRCoreArray::insert(*d, index, value);
+    return KDRCoreArray::insert(*d, index, KDRCoreArray::core(value));
 }
 
 void KDRContourArray::clear() { d->Clear(); }

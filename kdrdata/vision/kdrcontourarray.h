@@ -14,7 +14,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRContourArray
 {
 public:
@@ -55,8 +55,8 @@ public:
     /// the array; otherwise answers false and changes nothing.
     bool swap(int i, int j);
 
-    /// A copy of the element at @p index. The index is not checked here (asserted in debug builds):
-    /// one outside the array goes to the core library as it is.
+    /// A copy of the element at @p index. The index is not checked here: one outside the array goes
+    /// to the core library as it is, and what comes back is that library's choice.
     KDRContour operator[](int index) const;
 
 private:

@@ -22,7 +22,7 @@ struct VelFont;
 ///
 /// Readers and writers alike are not for constant fonts. Kept on purpose.
 ///
-/// Threads: a plain value; one font may be read by several threads while none changes it.
+/// Threads: one font may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRFont
 {
 public:

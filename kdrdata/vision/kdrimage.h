@@ -17,14 +17,18 @@ struct KDRInternal;
 /// the core library's: non-zero for success, 0 for failure, which leaves the image as it was,
 /// except as read() says.
 ///
+/// Where memory runs out for the handle itself, or for the path of a file in its encoding, the
+/// constructors, clone(), read() and save() throw std::bad_alloc, with nothing changed. Where it
+/// runs out for pixels nothing is thrown: the operation fails, or the image is empty.
+///
 /// @code
 /// KDRImage image;
 /// if (image.read(KDRString("part.png")) == 0)
 ///     return false;
 /// @endcode
 ///
-/// Threads: one image may be read and copied by several threads while none changes it; images that
-/// share pixels may be copied, assigned and destroyed in different threads.
+/// Threads: one image may be read from several threads while none changes it. Images that share
+/// pixels may be used from different threads while none of them changes the pixels.
 class KDRDATA_EXPORT KDRImage
 {
 public:

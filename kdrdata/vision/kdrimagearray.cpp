@@ -33,12 +33,12 @@ bool KDRImageArray::select(int index, KDRImage* out) const
 
 bool KDRImageArray::replace(int index, KDRImage const& value)
 {
-    return KDRCoreArray::replace(*d, index, value);
+    return KDRCoreArray::replace(*d, index, KDRCoreArray::core(value));
 }
 
 bool KDRImageArray::insert(int index, KDRImage const& value)
 {
-    return KDRCoreArray::insert(*d, index, value);
+    return KDRCoreArray::insert(*d, index, KDRCoreArray::core(value));
 }
 
 void KDRImageArray::clear() { d->Clear(); }

@@ -18,7 +18,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRImageArray
 {
 public:
@@ -60,8 +60,9 @@ public:
     /// the array; otherwise answers false and changes nothing.
     bool swap(int i, int j);
 
-    /// A new image sharing the pixels of the element at @p index. The index is not checked here
-    /// (asserted in debug builds): one outside the array goes to the core library as it is.
+    /// A new image sharing the pixels of the element at @p index. The index is not checked here:
+    /// one outside the array goes to the core library as it is, and what comes back is that
+    /// library's choice.
     KDRImage operator[](int index) const;
 
 private:

@@ -18,7 +18,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc when copying, and failure in SetData().
 ///
-/// Threads: a plain value; one model may be read by several threads while none changes it.
+/// Threads: one model may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRMatchModel
 {
 public:
@@ -46,7 +46,8 @@ public:
     /// Becomes the model that GetData() wrote to @p data, which stays the caller's and tells its
     /// own length (the core model's `SetData`). Returns the core library's result: non-zero for
     /// success; 0 for null, for bytes that are no model and where memory runs out, and the model is
-    /// then as it was.
+    /// then as it was. The length that the bytes tell is believed: where there are fewer of them,
+    /// memory beyond their end is read. Bytes from elsewhere are to be checked before.
     int SetData(unsigned char* data);
 
 private:

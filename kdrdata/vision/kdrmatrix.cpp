@@ -115,7 +115,7 @@ int KDRMatrix::setMatrix(int rows, int cols, KDRMatrixType type)
 
 int KDRMatrix::rows() const { return d->Rows(); }
 int KDRMatrix::cols() const { return d->Cols(); }
-int KDRMatrix::type() const { return d->Type(); }
+KDRMatrix::KDRMatrixType KDRMatrix::type() const { return static_cast<KDRMatrixType>(d->Type()); }
 void* KDRMatrix::dataPtr() { return d->MatrixData(); }
 
 bool KDRMatrix::select(int row, int col, KDRNumber* out) const

@@ -24,7 +24,7 @@ struct KDRInternal;
 /// bool const read = features.getRowData(2, &areas);
 /// @endcode
 ///
-/// Threads: a plain value; one matrix may be read by several threads while none changes it.
+/// Threads: one matrix may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRMatrix
 {
 public:
@@ -64,8 +64,9 @@ public:
     int rows() const;
     /// The number of columns.
     int cols() const;
-    /// The code of the element type, a KDRMatrixType where the core library reports one.
-    int type() const;
+    /// The code of the element type, as the core library reports it: one beyond the enumerators
+    /// too.
+    KDRMatrixType type() const;
 
     /// The first element; element (r, c) is at index r x cols() + c of the element type. Null for
     /// an empty matrix. The matrix keeps owning the elements: the pointer is good until it is made

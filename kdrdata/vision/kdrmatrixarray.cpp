@@ -36,12 +36,12 @@ bool KDRMatrixArray::select(int index, KDRMatrix* out) const
 
 bool KDRMatrixArray::replace(int index, KDRMatrix const& value)
 {
-    return KDRCoreArray::replace(*d, index, value);
+    return KDRCoreArray::replace(*d, index, KDRCoreArray::core(value));
 }
 
 bool KDRMatrixArray::insert(int index, KDRMatrix const& value)
 {
-    return KDRCoreArray::insert(*d, index, value);
+    return KDRCoreArray::insert(*d, index, KDRCoreArray::core(value));
 }
 
 void KDRMatrixArray::clear() { d->Clear(); }

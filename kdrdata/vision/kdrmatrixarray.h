@@ -14,7 +14,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRMatrixArray
 {
 public:
@@ -56,8 +56,8 @@ public:
     bool swap(int i, int j);
 
     /// A copy of the element at @p index, made through the core matrix's assignment. The index is
-    /// not checked here (asserted in debug builds): one outside the array goes to the core library
-    /// as it is.
+    /// not checked here: one outside the array goes to the core library as it is, and what comes
+    /// back is that library's choice.
     KDRMatrix operator[](int index) const;
 
 private:

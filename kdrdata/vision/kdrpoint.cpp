@@ -12,7 +12,11 @@ KDRPoint::KDRPoint(double x, double y) : KDRPoint()
 
 KDRPoint::KDRPoint(KDRPoint const& other) : d(new KDRPointPrivate(*other.d)) {}
 
-KDRPoint::~KDRPoint() { delete d; }
+KDRPoint::~KDRPoint()
+{
+    delete d;
+    d = nullptr;
+}
 
 KDRPoint& KDRPoint::operator=(KDRPoint const& other)
 {

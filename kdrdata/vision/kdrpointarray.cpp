@@ -4,6 +4,14 @@
 
 #include <veldata/velpointarray.h>
 
+namespace {
+
+// The coordinates as a core point of its own, which a core array may take by a reference that is
+// not constant. Made from the two numbers: core points need not be copyable by construction.
+VelPoint ownPoint(KDRPoint const& value) { return VelPoint(value.x(), value.y()); }
+
+} // namespace
+
 KDRPointArray::KDRPointArray() : d(new VelPointArray) {}
 KDRPointArray::KDRPointArray(KDRPointArray const& other) : d(KDRInternal::assignedCopy(other.d)) {}
 
@@ -23,7 +31,7 @@ int KDRPointArray::length() const { return d->Length(); }
 
 void KDRPointArray::push_back(KDRPoint const& value)
 {
-    VelPoint point = KDRCoreArray::core(value);
+    VelPoint point = ownPoint(value);
     d->Append(point);
 }
 void KDRPointArray::push_back(KDRPointArray const& other) { d->Append(*other.d); }
@@ -37,12 +45,14 @@ bool KDRPointArray::select(int index, KDRPoint* out) const
 
 bool KDRPointArray::replace(int index, KDRPoint const& value)
 {
-    return KDRCoreArray::replace(*d, index, value);
+    VelPoint point = ownPoint(value);
+    return KDRCoreArray::replace(*d, index, point);
 }
 
 bool KDRPointArray::insert(int index, KDRPoint const& value)
 {
-    return KDRCoreArray::insert(*d, index, value);
+    VelPoint point = ownPoint(value);
+    return KDRCoreArray::insert(*d, index, point);
 }
 
 void KDRPointArray::clear() { d->Clear(); }

@@ -16,7 +16,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the array as it was.
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRPointArray
 {
 public:
@@ -59,8 +59,8 @@ public:
     bool swap(int i, int j);
 
     /// A new point with the coordinates of the element at @p index and the default ranges. The
-    /// index is not checked here (asserted in debug builds): one outside the array goes to the core
-    /// library as it is.
+    /// index is not checked here: one outside the array goes to the core library as it is, and what
+    /// comes back is that library's choice.
     KDRPoint operator[](int index) const;
 
 private:

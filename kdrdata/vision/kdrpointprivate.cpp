@@ -29,7 +29,11 @@ KDRPointPrivate::KDRPointPrivate(KDRPointPrivate const& other) : KDRPointPrivate
     *this = other;
 }
 
-KDRPointPrivate::~KDRPointPrivate() { delete d; }
+KDRPointPrivate::~KDRPointPrivate()
+{
+    delete d;
+    d = nullptr;
+}
 
 KDRPointPrivate& KDRPointPrivate::operator=(KDRPointPrivate const& other)
 {

@@ -12,7 +12,7 @@ struct KDRInternal;
 /// The record owns its core point. Copies are deep. No setter checks anything: ranges are carried
 /// and reported, never tested.
 ///
-/// Threads: a plain value; one record may be read by several threads while none changes it.
+/// Threads: one record may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRPointPrivate
 {
 public:

@@ -45,7 +45,7 @@ int KDRRegion::width() { return d->Width(); }
 int KDRRegion::height() { return d->Height(); }
 
 void KDRRegion::fromBinImage(KDRImage&) {}
-bool KDRRegion::toBinImage(KDRImage*) const { return false; }
+bool KDRRegion::toBinImage(KDRImage*) { return false; }
 
 void KDRRegion::fromRunLengthEncodeing(KDRNumberArray& rows, KDRNumberArray& firstColumns,
                                        KDRNumberArray& lastColumns, int width, int height)
@@ -66,7 +66,7 @@ void KDRRegion::fromRunLengthEncodeing(KDRNumberArray& rows, KDRNumberArray& fir
 }
 
 bool KDRRegion::toRunLengthEncodeing(KDRNumberArray* rows, KDRNumberArray* firstColumns,
-                                     KDRNumberArray* lastColumns) const
+                                     KDRNumberArray* lastColumns)
 {
     Q_ASSERT(rows);
     Q_ASSERT(firstColumns);

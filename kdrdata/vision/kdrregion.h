@@ -27,7 +27,7 @@ struct KDRInternal;
 /// fivePixels.fromRunLengthEncodeing(rows, firstColumns, lastColumns, 640, 480);
 /// @endcode
 ///
-/// Threads: a plain value; one region may be read by several threads while none changes it.
+/// Threads: one region may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRRegion
 {
 public:
@@ -50,8 +50,9 @@ public:
 
     /// Does nothing, neither to the region nor to the image. Kept on purpose.
     void fromBinImage(KDRImage&);
-    /// Answers false and writes nothing; the image may be null. Kept on purpose.
-    bool toBinImage(KDRImage*) const;
+    /// Answers false and writes nothing; the image may be null. Not for constant regions. Kept on
+    /// purpose.
+    bool toBinImage(KDRImage*);
 
     /// Replaces the region by the one made of the given runs: the numbers at equal positions of the
     /// three lists are the row, the first and the last column of one run, read by
@@ -73,7 +74,8 @@ public:
     void fromRunLengthEncodeing(KDRNumberArray& rows, KDRNumberArray& firstColumns,
                                 KDRNumberArray& lastColumns, int width, int height);
     /// Replaces the contents of the three lists by the region's runs, as integers without a range,
-    /// in the order of the core region's `GetRegionRuns`. Always answers true. Kept on purpose.
+    /// in the order of the core region's `GetRegionRuns`. Always answers true. Not for constant
+    /// regions. Kept on purpose.
     ///
     /// None of the lists may be null (asserted in debug builds). Each should be another one: a list
     /// given more than once receives the numbers of its columns in turn, run by run.
@@ -81,7 +83,7 @@ public:
     /// Takes time in proportion to the number of runs. Throws std::bad_alloc where memory runs out;
     /// the lists are then empty.
     bool toRunLengthEncodeing(KDRNumberArray* rows, KDRNumberArray* firstColumns,
-                              KDRNumberArray* lastColumns) const;
+                              KDRNumberArray* lastColumns);
 
 private:
     friend struct KDRInternal;

@@ -34,12 +34,12 @@ bool KDRRegionArray::select(int index, KDRRegion* out) const
 
 bool KDRRegionArray::replace(int index, KDRRegion const& value)
 {
-    return KDRCoreArray::replace(*d, index, value);
+    return KDRCoreArray::replace(*d, index, KDRCoreArray::core(value));
 }
 
 bool KDRRegionArray::insert(int index, KDRRegion const& value)
 {
-    return KDRCoreArray::insert(*d, index, value);
+    return KDRCoreArray::insert(*d, index, KDRCoreArray::core(value));
 }
 
 void KDRRegionArray::clear() { d->Clear(); }
@@ -50,7 +50,7 @@ KDRRegion KDRRegionArray::operator[](int index) const
     return KDRCoreArray::at<KDRRegion>(d, index);
 }
 
-void KDRRegionArray::toUnionedRegion(KDRRegion* region) const
+void KDRRegionArray::toUnionedRegion(KDRRegion* region)
 {
     Q_ASSERT(region);
     d->Union(&KDRCoreArray::core(*region));

@@ -18,7 +18,7 @@ struct KDRInternal;
 /// blobs.toUnionedRegion(&all);
 /// @endcode
 ///
-/// Threads: a plain value; one array may be read by several threads while none changes it.
+/// Threads: one array may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRRegionArray
 {
 public:
@@ -59,15 +59,15 @@ public:
     /// the array; otherwise answers false and changes nothing.
     bool swap(int i, int j);
 
-    /// A copy of the element at @p index. The index is not checked here (asserted in debug builds):
-    /// one outside the array goes to the core library as it is.
+    /// A copy of the element at @p index. The index is not checked here: one outside the array goes
+    /// to the core library as it is, and what comes back is that library's choice.
     KDRRegion operator[](int index) const;
 
     /// Replaces @p region, which must not be null, by the pixels that lie in any of the array's
     /// regions (the core array's `Union`): an empty region for an empty array. Its extent is the
     /// core library's choice. Nothing is reported; where memory runs out, @p region stays as it
-    /// was.
-    void toUnionedRegion(KDRRegion* region) const;
+    /// was. Not for constant arrays. Kept on purpose.
+    void toUnionedRegion(KDRRegion* region);
 
 private:
     friend struct KDRInternal;

@@ -66,10 +66,10 @@ bool KDRROIAlignment::alignROI(KDRShape& shape, KDRShapeArray* aligned)
     aligned->clear();
     constexpr unsigned int refusedCode = 300; // no kind of shape has it
     switch (shape.shapeType()) {
-    case ShapeKindRegion:
-    case ShapeKindText:
-    case ShapeKindArrow:
-    case ShapeKindEmpty:
+    case KDRShape::Region:
+    case KDRShape::Text:
+    case KDRShape::Arrow:
+    case KDRShape::Empty:
     case refusedCode:
         return false;
     default:

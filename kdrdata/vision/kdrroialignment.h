@@ -21,7 +21,7 @@ struct KDRInternal;
 ///
 /// Out of memory is std::bad_alloc and leaves the alignment as it was.
 ///
-/// Threads: a plain value; one alignment may be read by several threads while none changes it.
+/// Threads: one alignment may be read from several threads while none changes it.
 class KDRDATA_EXPORT KDRROIAlignment
 {
 public:

@@ -2,7 +2,6 @@
 #define KDRDATA_KDRSHAPE_H
 
 #include <kdrdata/kdrdata_export.h>
-#include <kdrdata/vision/kdrshapekind.h>
 
 class KDR3DLineSet;
 class KDRContour;
@@ -49,11 +48,38 @@ struct KDRInternal;
 /// bool const isCircle = coin.toCircle(&centre, &radius);
 /// @endcode
 ///
-/// Threads: handles that share a record may be copied and destroyed in different threads, and its
-/// figure read meanwhile. One handle is used by one thread at a time.
+/// Threads: one shape may be read from several threads while none changes it. Shapes that share a
+/// record may be used from different threads.
 class KDRDATA_EXPORT KDRShape
 {
 public:
+    /// The kinds of a shape, whose name outside of the class is KDRShapeKind too. The codes are
+    /// part of the external interface and never change; shapeType() answers them as a plain
+    /// `unsigned int`, so that code which only passes kinds on need not know them all.
+    enum KDRShapeKind : unsigned int {
+        Point = 0,         ///< a point; no generator makes it
+        Rect1 = 1,         ///< a rectangle along the axes; no generator makes it
+        Circle = 2,        ///< a circle
+        Torus = 3,         ///< a ring or a sector of a ring
+        Rect2 = 4,         ///< a rotated rectangle
+        Line = 5,          ///< a line segment
+        Ellipse = 6,       ///< a rotated ellipse
+        Arc = 7,           ///< an arc of a circle
+        Polygon = 8,       ///< a closed polygon
+        Irregular = 9,     ///< a freely drawn outline
+        Region = 10,       ///< a set of pixels
+        Text = 11,         ///< a label
+        Arrow = 12,        ///< an arrow
+        Contours = 13,     ///< a list of contours
+        Rect2Matrix = 14,  ///< equal rotated rectangles at several centres
+        CircleMatrix = 15, ///< equal rings at several centres
+        PolyLine = 16,     ///< an open chain of points
+        CurveLine = 17,    ///< a curve through three points
+        AnyPolygon = 18,   ///< points with a list of numbers
+        Empty = 99,        ///< nothing; what a new shape is
+        Text3D = 120       ///< a label in space
+    };
+
     /// A shape of kind 99 (empty) with a record of its own.
     KDRShape();
     /// Shares the record of @p other.
@@ -268,5 +294,9 @@ private:
     friend struct KDRInternal;
     KDRShapePrivate* d;
 };
+
+/// The kinds of a shape, under their name outside of KDRShape: KDRShapeKind::Circle is
+/// KDRShape::Circle.
+typedef KDRShape::KDRShapeKind KDRShapeKind;
 
 #endif

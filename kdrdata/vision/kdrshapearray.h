@@ -25,8 +25,8 @@ struct KDRInternal;
 /// bool const found = cells.select(0, &first);
 /// @endcode
 ///
-/// Threads: no lock. Arrays that share storage may be used from different threads; one array may be
-/// read from several threads while nobody changes it, and operator[]() counts as a change.
+/// Threads: one array may be read from several threads while none changes it, and operator[]()
+/// counts as a change. Arrays that share storage may be used from different threads.
 class KDRDATA_EXPORT KDRShapeArray
 {
 public:

@@ -43,7 +43,7 @@ void appendCells(KDRShapeArray* cells, KDRPointArray const& centres, int count,
 } // namespace
 
 KDRShapePrivate::KDRShapePrivate()
-    : m_kind(ShapeKindEmpty),
+    : m_kind(KDRShape::Empty),
       m_refs(1),
       m_mutex(QMutex::NonRecursive),
       m_p0(0.0),
@@ -145,42 +145,42 @@ void KDRShapePrivate::fromCircle(KDRPoint& centre, double radius)
 {
     m_firstPoint = centre;
     m_p0 = radius;
-    m_kind = ShapeKindCircle;
+    m_kind = KDRShape::Circle;
 }
 
 void KDRShapePrivate::fromTorus(KDRPoint& centre, double innerRadius, double outerRadius,
                                 double startAngle, double endAngle)
 {
-    storeNumbers(ShapeKindTorus, centre, innerRadius, outerRadius, startAngle);
+    storeNumbers(KDRShape::Torus, centre, innerRadius, outerRadius, startAngle);
     m_p3 = endAngle;
 }
 
 void KDRShapePrivate::fromRect2(KDRPoint& centre, double halfLength, double halfWidth, double angle)
 {
-    storeNumbers(ShapeKindRect2, centre, halfLength, halfWidth, angle);
+    storeNumbers(KDRShape::Rect2, centre, halfLength, halfWidth, angle);
 }
 
 void KDRShapePrivate::fromLine(KDRPoint& start, KDRPoint& end)
 {
-    storeTwo(ShapeKindLine, start, end);
+    storeTwo(KDRShape::Line, start, end);
 }
 
 void KDRShapePrivate::fromEllipse(KDRPoint& centre, double halfAxisAlong, double halfAxisAcross,
                                   double angle)
 {
-    storeNumbers(ShapeKindEllipse, centre, halfAxisAlong, halfAxisAcross, angle);
+    storeNumbers(KDRShape::Ellipse, centre, halfAxisAlong, halfAxisAcross, angle);
 }
 
 void KDRShapePrivate::fromArc(KDRPoint& centre, double radius, double startAngle, double endAngle)
 {
-    storeNumbers(ShapeKindArc, centre, radius, startAngle, endAngle);
+    storeNumbers(KDRShape::Arc, centre, radius, startAngle, endAngle);
 }
 
-void KDRShapePrivate::fromPolygon(KDRPointArray& corners) { storeList(ShapeKindPolygon, corners); }
+void KDRShapePrivate::fromPolygon(KDRPointArray& corners) { storeList(KDRShape::Polygon, corners); }
 
 void KDRShapePrivate::fromIrregular(KDRPointArray& points)
 {
-    storeList(ShapeKindIrregular, points);
+    storeList(KDRShape::Irregular, points);
 }
 
 void KDRShapePrivate::fromIrregular(KDRContour& contour)
@@ -193,30 +193,30 @@ void KDRShapePrivate::fromIrregular(KDRContour& contour)
 void KDRShapePrivate::fromRegion(KDRRegion& region)
 {
     m_region = region;
-    m_kind = ShapeKindRegion;
+    m_kind = KDRShape::Region;
 }
 
 void KDRShapePrivate::fromText(KDRPoint& anchor, KDRString& text, KDRFont& font)
 {
-    storeLabel(ShapeKindText, text, font);
+    storeLabel(KDRShape::Text, text, font);
     m_firstPoint = anchor;
 }
 
 void KDRShapePrivate::fromArrow(KDRPoint& tail, KDRPoint& head)
 {
-    storeTwo(ShapeKindArrow, tail, head);
+    storeTwo(KDRShape::Arrow, tail, head);
 }
 
 void KDRShapePrivate::fromContours(KDRContourArray& contours)
 {
     m_contours = contours;
-    m_kind = ShapeKindContours;
+    m_kind = KDRShape::Contours;
 }
 
 void KDRShapePrivate::fromRect2Matrix(KDRPointArray& centres, double halfLength, double halfWidth,
                                       double angle, int count)
 {
-    storeList(ShapeKindRect2Matrix, centres);
+    storeList(KDRShape::Rect2Matrix, centres);
     m_p0 = halfLength;
     m_p1 = halfWidth;
     m_p2 = angle;
@@ -226,13 +226,13 @@ void KDRShapePrivate::fromRect2Matrix(KDRPointArray& centres, double halfLength,
 void KDRShapePrivate::fromCircleMatrix(KDRPointArray& centres, double innerRadius,
                                        double outerRadius, int count)
 {
-    storeList(ShapeKindCircleMatrix, centres);
+    storeList(KDRShape::CircleMatrix, centres);
     m_p0 = innerRadius;
     m_p1 = outerRadius;
     m_p2 = count;
 }
 
-void KDRShapePrivate::fromPolyLine(KDRPointArray& points) { storeList(ShapeKindPolyLine, points); }
+void KDRShapePrivate::fromPolyLine(KDRPointArray& points) { storeList(KDRShape::PolyLine, points); }
 
 void KDRShapePrivate::fromCurveLine(KDRPoint& first, KDRPoint& second, KDRPoint& third)
 {
@@ -240,12 +240,12 @@ void KDRShapePrivate::fromCurveLine(KDRPoint& first, KDRPoint& second, KDRPoint&
     points.push_back(first);
     points.push_back(second);
     points.push_back(third);
-    storeList(ShapeKindCurveLine, points);
+    storeList(KDRShape::CurveLine, points);
 }
 
 void KDRShapePrivate::fromAnyPolygon(KDRPointArray& points, KDRNumberArray& numbers)
 {
-    storeList(ShapeKindAnyPolygon, points);
+    storeList(KDRShape::AnyPolygon, points);
     m_numbers = numbers;
 }
 
@@ -294,23 +294,23 @@ bool KDRShapePrivate::readLabel(KDRShapeKind kind, KDRString* text, KDRFont* fon
 
 bool KDRShapePrivate::toPoint(KDRPoint* point) const
 {
-    return readTwo(ShapeKindPoint, point, nullptr);
+    return readTwo(KDRShape::Point, point, nullptr);
 }
 
 bool KDRShapePrivate::toRect1(KDRPoint* firstCorner, KDRPoint* secondCorner) const
 {
-    return readTwo(ShapeKindRect1, firstCorner, secondCorner);
+    return readTwo(KDRShape::Rect1, firstCorner, secondCorner);
 }
 
 bool KDRShapePrivate::toCircle(KDRPoint* centre, double* radius) const
 {
-    return readNumbers(ShapeKindCircle, centre, radius, nullptr, nullptr);
+    return readNumbers(KDRShape::Circle, centre, radius, nullptr, nullptr);
 }
 
 bool KDRShapePrivate::toTorus(KDRPoint* centre, double* innerRadius, double* outerRadius,
                               double* startAngle, double* endAngle) const
 {
-    if (!readNumbers(ShapeKindTorus, centre, innerRadius, outerRadius, startAngle))
+    if (!readNumbers(KDRShape::Torus, centre, innerRadius, outerRadius, startAngle))
         return false;
     put(m_p3, endAngle);
     return true;
@@ -319,34 +319,34 @@ bool KDRShapePrivate::toTorus(KDRPoint* centre, double* innerRadius, double* out
 bool KDRShapePrivate::toRect2(KDRPoint* centre, double* halfLength, double* halfWidth,
                               double* angle) const
 {
-    return readNumbers(ShapeKindRect2, centre, halfLength, halfWidth, angle);
+    return readNumbers(KDRShape::Rect2, centre, halfLength, halfWidth, angle);
 }
 
 bool KDRShapePrivate::toLine(KDRPoint* start, KDRPoint* end) const
 {
-    return readTwo(ShapeKindLine, start, end);
+    return readTwo(KDRShape::Line, start, end);
 }
 
 bool KDRShapePrivate::toEllipse(KDRPoint* centre, double* halfAxisAlong, double* halfAxisAcross,
                                 double* angle) const
 {
-    return readNumbers(ShapeKindEllipse, centre, halfAxisAlong, halfAxisAcross, angle);
+    return readNumbers(KDRShape::Ellipse, centre, halfAxisAlong, halfAxisAcross, angle);
 }
 
 bool KDRShapePrivate::toArc(KDRPoint* centre, double* radius, double* startAngle,
                             double* endAngle) const
 {
-    return readNumbers(ShapeKindArc, centre, radius, startAngle, endAngle);
+    return readNumbers(KDRShape::Arc, centre, radius, startAngle, endAngle);
 }
 
 bool KDRShapePrivate::toPolygon(KDRPointArray* corners) const
 {
-    return readList(ShapeKindPolygon, corners);
+    return readList(KDRShape::Polygon, corners);
 }
 
 bool KDRShapePrivate::toIrregular(KDRPointArray* points) const
 {
-    return readList(ShapeKindIrregular, points);
+    return readList(KDRShape::Irregular, points);
 }
 
 bool KDRShapePrivate::toIrregular(KDRContour* contour) const
@@ -361,7 +361,7 @@ bool KDRShapePrivate::toIrregular(KDRContour* contour) const
 
 bool KDRShapePrivate::toRegion(KDRRegion* region) const
 {
-    if (m_kind != ShapeKindRegion)
+    if (m_kind != KDRShape::Region)
         return false;
     put(m_region, region);
     return true;
@@ -369,7 +369,7 @@ bool KDRShapePrivate::toRegion(KDRRegion* region) const
 
 bool KDRShapePrivate::toText(KDRPoint* anchor, KDRString* text, KDRFont* font) const
 {
-    if (!readLabel(ShapeKindText, text, font))
+    if (!readLabel(KDRShape::Text, text, font))
         return false;
     put(m_firstPoint, anchor);
     return true;
@@ -377,12 +377,12 @@ bool KDRShapePrivate::toText(KDRPoint* anchor, KDRString* text, KDRFont* font) c
 
 bool KDRShapePrivate::toArrow(KDRPoint* tail, KDRPoint* head) const
 {
-    return readTwo(ShapeKindArrow, tail, head);
+    return readTwo(KDRShape::Arrow, tail, head);
 }
 
 bool KDRShapePrivate::toContours(KDRContourArray* contours) const
 {
-    if (m_kind != ShapeKindContours)
+    if (m_kind != KDRShape::Contours)
         return false;
     put(m_contours, contours);
     return true;
@@ -392,7 +392,7 @@ bool KDRShapePrivate::toRect2Matrix(KDRShapeArray* cells, KDRPointArray* centres
                                     double* halfLength, double* halfWidth, double* angle,
                                     int* count) const
 {
-    if (!readList(ShapeKindRect2Matrix, centres))
+    if (!readList(KDRShape::Rect2Matrix, centres))
         return false;
     put(m_p0, halfLength);
     put(m_p1, halfWidth);
@@ -408,7 +408,7 @@ bool KDRShapePrivate::toRect2Matrix(KDRShapeArray* cells, KDRPointArray* centres
 bool KDRShapePrivate::toCircleMatrix(KDRShapeArray* cells, KDRPointArray* centres,
                                      double* innerRadius, double* outerRadius, int* count) const
 {
-    if (!readList(ShapeKindCircleMatrix, centres))
+    if (!readList(KDRShape::CircleMatrix, centres))
         return false;
     put(m_p0, innerRadius);
     put(m_p1, outerRadius);
@@ -422,12 +422,12 @@ bool KDRShapePrivate::toCircleMatrix(KDRShapeArray* cells, KDRPointArray* centre
 
 bool KDRShapePrivate::toPolyLine(KDRPointArray* points) const
 {
-    return readList(ShapeKindPolyLine, points);
+    return readList(KDRShape::PolyLine, points);
 }
 
 bool KDRShapePrivate::toCurveLine(KDRPoint* first, KDRPoint* second, KDRPoint* third) const
 {
-    if (m_kind != ShapeKindCurveLine)
+    if (m_kind != KDRShape::CurveLine)
         return false;
     put(m_points[0], first);
     put(m_points[1], second);
@@ -437,7 +437,7 @@ bool KDRShapePrivate::toCurveLine(KDRPoint* first, KDRPoint* second, KDRPoint* t
 
 bool KDRShapePrivate::toAnyPolygon(KDRPointArray* points, KDRNumberArray* numbers) const
 {
-    if (!readList(ShapeKindAnyPolygon, points))
+    if (!readList(KDRShape::AnyPolygon, points))
         return false;
     put(m_numbers, numbers);
     return true;
@@ -472,7 +472,7 @@ void KDRShapePrivate::from3DLineSet(KDR3DLineSet&) {}
 
 void KDRShapePrivate::from3DText(KDRVector3d& anchor, KDRString& text, KDRFont& font)
 {
-    storeLabel(ShapeKindText3D, text, font);
+    storeLabel(KDRShape::Text3D, text, font);
     m_anchor3D = anchor;
 }
 
@@ -510,7 +510,7 @@ bool KDRShapePrivate::to3DLineSet(KDR3DLineSet*) { return false; }
 
 bool KDRShapePrivate::to3DText(KDRVector3d* anchor, KDRString* text, KDRFont* font) const
 {
-    if (!readLabel(ShapeKindText3D, text, font))
+    if (!readLabel(KDRShape::Text3D, text, font))
         return false;
     put(m_anchor3D, anchor);
     return true;

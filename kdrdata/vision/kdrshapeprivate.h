@@ -12,7 +12,7 @@
 #include <kdrdata/vision/kdrpoint.h>
 #include <kdrdata/vision/kdrpointarray.h>
 #include <kdrdata/vision/kdrregion.h>
-#include <kdrdata/vision/kdrshapekind.h>
+#include <kdrdata/vision/kdrshape.h>
 
 class KDR3DLineSet;
 class KDRContour;

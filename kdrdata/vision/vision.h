@@ -23,7 +23,6 @@
 #include <kdrdata/vision/kdrroialignment.h>
 #include <kdrdata/vision/kdrshape.h>
 #include <kdrdata/vision/kdrshapearray.h>
-#include <kdrdata/vision/kdrshapekind.h>
 #include <kdrdata/vision/kdrshapeprivate.h>
 
 #endif

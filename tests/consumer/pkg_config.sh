@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
 # usage: pkg_config.sh COMPILER SOURCE BINARY
-# Compiles, links and runs a program with the flags that pkg-config gives and no others.
+# Compiles, links and runs a program with the flags that pkg-config gives and, since the prefix is
+# none that the loader knows, the path of the library in the program: the line that the README shows.
 set -euo pipefail
 
-read -ra cflags <<<"$("${PKG_CONFIG:-pkg-config}" --cflags kdrdata)"
-read -ra libs <<<"$("${PKG_CONFIG:-pkg-config}" --libs kdrdata)"
-"$1" -std=c++11 "${cflags[@]}" "$2" -o "$3" "${libs[@]}"
+pkg_config=${PKG_CONFIG:-pkg-config}
+# pkg-config escapes blanks in paths for a shell.
+flags=$("$pkg_config" --cflags --libs kdrdata)
+libdir=$("$pkg_config" --variable=libdir kdrdata)
+eval "flags=($flags) libdir=$libdir"
+"$1" -std=c++11 "$2" -o "$3" "${flags[@]}" "-Wl,-rpath,$libdir"
 
-LD_LIBRARY_PATH=$("${PKG_CONFIG:-pkg-config}" --variable=libdir kdrdata) "$3"
+env -u LD_LIBRARY_PATH "$3"

@@ -142,15 +142,11 @@ TYPED_TEST_P(ArrayContract, ClearLeavesAnEmptyUsableArray)
     EXPECT_EQ(this->numbersOf(array), (std::vector<int>{5}));
 }
 
-TYPED_TEST_P(ArrayContract, IndexReadsACopyAndIsAssertedInDebugBuilds)
+TYPED_TEST_P(ArrayContract, IndexReadsACopy)
 {
     auto const array = this->arrayOf({4, 5});
     EXPECT_EQ(TypeParam::read(array[0]), 4);
     EXPECT_EQ(TypeParam::read(array[1]), 5);
-#ifndef NDEBUG
-    EXPECT_DEATH(array[2], "ASSERT");
-    EXPECT_DEATH(array[-1], "ASSERT");
-#endif
 }
 
 TYPED_TEST_P(ArrayContract, CopiesKeepTheirElementsWhenTheOriginalChanges)
@@ -258,8 +254,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     PushBackOfAnArrayAppendsItsElementsInOrder, PushBackOntoItselfDoublesTheElements,
     InsertPutsTheElementBeforeTheIndex, InsertAtLengthIsRefusedUnlessTheArrayInsertsAtItsEnd,
     PositionsOutsideAreRefusedAndChangeNothing, SelectOutsideLeavesTheOutputUntouched,
-    RemoveReplaceAndSwapActOnTheirPositions, ClearLeavesAnEmptyUsableArray,
-    IndexReadsACopyAndIsAssertedInDebugBuilds, CopiesKeepTheirElementsWhenTheOriginalChanges,
-    AssignmentToItselfChangesNothing, AgreesWithAVectorUnderRandomOperations);
+    RemoveReplaceAndSwapActOnTheirPositions, ClearLeavesAnEmptyUsableArray, IndexReadsACopy,
+    CopiesKeepTheirElementsWhenTheOriginalChanges, AssignmentToItselfChangesNothing,
+    AgreesWithAVectorUnderRandomOperations);
 
 #endif

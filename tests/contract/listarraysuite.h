@@ -29,6 +29,15 @@ protected:
         return KDRInternal::wrapped(a).isSharedWith(KDRInternal::wrapped(b));
     }
 
+    // Empty, with the storage of the elements that it had.
+    static Array emptied()
+    {
+        Array array = twoElements();
+        EXPECT_TRUE(array.removeAt(1));
+        EXPECT_TRUE(array.removeAt(0));
+        return array;
+    }
+
     // What a handle looks like whose destructor has run.
     static void takeTheListFrom(Array& array)
     {
@@ -77,6 +86,17 @@ TYPED_TEST_P(ListArrayContract, IndexingDetachesEvenAConstantArray)
     EXPECT_EQ(TypeParam::read(sharer[1]), 2);
 }
 
+TYPED_TEST_P(ListArrayContract, IndexOutsideIsAssertedInDebugBuilds)
+{
+#ifdef NDEBUG
+    GTEST_SKIP() << "release builds check no index";
+#else
+    auto const array = this->twoElements();
+    EXPECT_DEATH(array[2], "ASSERT");
+    EXPECT_DEATH(array[-1], "ASSERT");
+#endif
+}
+
 TYPED_TEST_P(ListArrayContract, HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty)
 {
     typename TypeParam::Array empty;
@@ -90,8 +110,74 @@ TYPED_TEST_P(ListArrayContract, HandlesWithoutAListAreSkippedByAssignmentAndCopi
     EXPECT_TRUE(TypeParam::isDefault(empty[0]));
 }
 
+TYPED_TEST_P(ListArrayContract, ACopyOfAnEmptiedArraySharesNothingAndAnAssignmentDoes)
+{
+    auto const array = this->emptied();
+    typename TypeParam::Array copy(array);
+    EXPECT_EQ(copy.length(), 0);
+    EXPECT_FALSE(this->share(copy, array));
+    auto assigned = this->twoElements();
+    assigned = array;
+    EXPECT_EQ(assigned.length(), 0);
+    EXPECT_TRUE(this->share(assigned, array));
+    copy.push_back(TypeParam::make(3));
+    EXPECT_EQ(TypeParam::read(copy[0]), 3);
+    EXPECT_EQ(array.length(), 0);
+}
+
+TYPED_TEST_P(ListArrayContract, AppendingToAnArrayWithoutStorageSharesAndToAnEmptiedOneCopies)
+{
+    auto const array = this->twoElements();
+    typename TypeParam::Array fresh;
+    fresh.push_back(array);
+    EXPECT_TRUE(this->share(fresh, array));
+    auto cleared = this->twoElements();
+    cleared.clear();
+    cleared.push_back(array);
+    EXPECT_TRUE(this->share(cleared, array));
+    auto emptied = this->emptied();
+    emptied.push_back(array);
+    EXPECT_FALSE(this->share(emptied, array));
+    ASSERT_EQ(emptied.length(), 2);
+    EXPECT_EQ(TypeParam::read(emptied[0]), 1);
+    EXPECT_EQ(TypeParam::read(emptied[1]), 2);
+    emptied.push_back(typename TypeParam::Array());
+    EXPECT_EQ(emptied.length(), 2);
+}
+
+TYPED_TEST_P(ListArrayContract, AppendingAnEmptiedArrayChangesNothing)
+{
+    auto array = this->twoElements();
+    typename TypeParam::Array const sharer(array);
+    array.push_back(this->emptied());
+    EXPECT_EQ(array.length(), 2);
+    EXPECT_TRUE(this->share(array, sharer));
+    typename TypeParam::Array fresh;
+    fresh.push_back(this->emptied());
+    EXPECT_EQ(fresh.length(), 0);
+}
+
+TYPED_TEST_P(ListArrayContract, AHandleKeepsItsListObjectWhateverTheListHolds)
+{
+    auto array = this->twoElements();
+    auto const* const list = KDRInternal::pointer(array);
+    array.push_back(this->twoElements());
+    array = this->twoElements();
+    array.push_back(array);
+    EXPECT_TRUE(array.swap(0, 1));
+    typename TypeParam::Array const sharer(array);
+    EXPECT_TRUE(array.insert(0, TypeParam::make(3)));
+    array.clear();
+    EXPECT_EQ(KDRInternal::pointer(array), list);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(ListArrayContract, CopiesAndAssignmentsShareTheList,
                             ReadingAndRefusedChangesDoNotDetach, IndexingDetachesEvenAConstantArray,
-                            HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty);
+                            IndexOutsideIsAssertedInDebugBuilds,
+                            HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty,
+                            ACopyOfAnEmptiedArraySharesNothingAndAnAssignmentDoes,
+                            AppendingToAnArrayWithoutStorageSharesAndToAnEmptiedOneCopies,
+                            AppendingAnEmptiedArrayChangesNothing,
+                            AHandleKeepsItsListObjectWhateverTheListHolds);
 
 #endif

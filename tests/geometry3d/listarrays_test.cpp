@@ -162,6 +162,47 @@ TYPED_TEST(ListArray3D, ReadingAndRefusedChangesDoNotDetach)
     EXPECT_TRUE(this->shareStorage(original, copy));
 }
 
+TYPED_TEST(ListArray3D, ACopyOfAnEmptiedArraySharesNothing)
+{
+    auto array = this->ofLength(1);
+    EXPECT_TRUE(array.removeAt(0));
+    auto const copy = array;
+    EXPECT_EQ(copy.length(), 0);
+    EXPECT_FALSE(this->shareStorage(array, copy));
+}
+
+TYPED_TEST(ListArray3D, AppendingToAnArrayWithoutStorageSharesAndToAnEmptiedOneCopies)
+{
+    auto const array = this->ofLength(2);
+    typename TypeParam::Array fresh;
+    fresh.push_back(array);
+    EXPECT_TRUE(this->shareStorage(array, fresh));
+    auto emptied = this->ofLength(1);
+    EXPECT_TRUE(emptied.removeAt(0));
+    emptied.push_back(array);
+    EXPECT_EQ(emptied.length(), 2);
+    EXPECT_FALSE(this->shareStorage(array, emptied));
+}
+
+TYPED_TEST(ListArray3D, HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty)
+{
+    // What a handle looks like whose destructor has run.
+    typename TypeParam::Array empty;
+    delete KDRInternal::pointer(empty);
+    KDRInternal::pointer(empty) = nullptr;
+
+    auto array = this->ofLength(2);
+    EXPECT_EQ(&(array = empty), &array);
+    EXPECT_EQ(array.length(), 2);
+    EXPECT_EQ(&(empty = array), &empty);
+    EXPECT_EQ(KDRInternal::pointer(empty), nullptr);
+    typename TypeParam::Array const copy(empty);
+    EXPECT_EQ(copy.length(), 0);
+    EXPECT_NE(KDRInternal::pointer(copy), nullptr);
+    // Nothing to detach and nothing to read: a default element.
+    static_cast<void>(empty[0]);
+}
+
 TYPED_TEST(ListArray3D, AssignmentToItselfChangesNothing)
 {
     auto array = this->ofLength(2);

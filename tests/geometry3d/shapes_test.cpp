@@ -171,25 +171,25 @@ void expectGeneratorsDoNothing(S& shape)
 
 void expectReadersAnswerFalse(S& shape)
 {
-    using Four = bool(V*, V*, float*, float*, float*, float*) const;
-    using Five = bool(V*, V*, float*, float*, float*, float*, float*) const;
+    using Four = bool(V*, V*, float*, float*, float*, float*);
+    using Five = bool(V*, V*, float*, float*, float*, float*, float*);
     Answers<S> answers(shape);
-    answers.row("toPoint", as<bool(V*) const>(&S::toPoint), false);
-    answers.row("toLine", as<bool(V*, V*) const>(&S::toLine), false);
-    answers.row("toLineSegment", as<bool(V*, V*) const>(&S::toLineSegment), false);
-    answers.row("toPlane", as<bool(V*, V*) const>(&S::toPlane), false);
-    answers.row("toCircle", as<bool(V*, V*, float*) const>(&S::toCircle), false);
-    answers.row("toEllipse", as<bool(V*, V*, float*, float*) const>(&S::toEllipse), false);
-    answers.row("toRect", as<bool(V*, V*, float*, float*) const>(&S::toRect), false);
+    answers.row("toPoint", as<bool(V*)>(&S::toPoint), false);
+    answers.row("toLine", as<bool(V*, V*)>(&S::toLine), false);
+    answers.row("toLineSegment", as<bool(V*, V*)>(&S::toLineSegment), false);
+    answers.row("toPlane", as<bool(V*, V*)>(&S::toPlane), false);
+    answers.row("toCircle", as<bool(V*, V*, float*)>(&S::toCircle), false);
+    answers.row("toEllipse", as<bool(V*, V*, float*, float*)>(&S::toEllipse), false);
+    answers.row("toRect", as<bool(V*, V*, float*, float*)>(&S::toRect), false);
     answers.row("toAnnulus", as<Four>(&S::toAnnulus), false);
     answers.row("toTorus", as<Four>(&S::toTorus), false);
-    answers.row("toArc", as<bool(V*, V*, float*, float*, float*) const>(&S::toArc), false);
-    answers.row("toTriangle", as<bool(V*, V*, V*) const>(&S::toTriangle), false);
-    answers.row("toBox", as<bool(V*, V*, V*) const>(&S::toBox), false);
-    answers.row("toEllipsoid", as<bool(V*, V*, V*) const>(&S::toEllipsoid), false);
-    answers.row("toPolygon", as<bool(VA*) const>(&S::toPolygon), false);
-    answers.row("toSphere", as<bool(V*, float*) const>(&S::toSphere), false);
-    answers.row("toCylinder", as<bool(V*, V*, float*, float*) const>(&S::toCylinder), false);
+    answers.row("toArc", as<bool(V*, V*, float*, float*, float*)>(&S::toArc), false);
+    answers.row("toTriangle", as<bool(V*, V*, V*)>(&S::toTriangle), false);
+    answers.row("toBox", as<bool(V*, V*, V*)>(&S::toBox), false);
+    answers.row("toEllipsoid", as<bool(V*, V*, V*)>(&S::toEllipsoid), false);
+    answers.row("toPolygon", as<bool(VA*)>(&S::toPolygon), false);
+    answers.row("toSphere", as<bool(V*, float*)>(&S::toSphere), false);
+    answers.row("toCylinder", as<bool(V*, V*, float*, float*)>(&S::toCylinder), false);
     answers.row("toTube", as<Five>(&S::toTube), false);
 }
 

@@ -63,15 +63,15 @@ TEST(Matrix3, AnswersConstants)
         answers.row("value", as<double(int, int) const>(&M3::value), -1.0);
         answers.row("transposed", as<M3() const>(&M3::transposed), aDefault);
         answers.row("inverse", as<M3() const>(&M3::inverse), aDefault);
-        answers.row("operator* matrix", as<M3(M3 const&) const>(&M3::operator*), aDefault);
-        answers.row("operator+ matrix", as<M3(M3 const&) const>(&M3::operator+), aDefault);
-        answers.row("operator- matrix", as<M3(M3 const&) const>(&M3::operator-), aDefault);
-        answers.row("operator* number", as<M3(double) const>(&M3::operator*), aDefault);
-        answers.row("operator/ number", as<M3(double) const>(&M3::operator/), aDefault);
-        answers.row("operator+ number", as<M3(double) const>(&M3::operator+), aDefault);
-        answers.row("operator- number", as<M3(double) const>(&M3::operator-), aDefault);
+        answers.row("operator* matrix", as<M3(M3 const&)>(&M3::operator*), aDefault);
+        answers.row("operator+ matrix", as<M3(M3 const&)>(&M3::operator+), aDefault);
+        answers.row("operator- matrix", as<M3(M3 const&)>(&M3::operator-), aDefault);
+        answers.row("operator* number", as<M3(double)>(&M3::operator*), aDefault);
+        answers.row("operator/ number", as<M3(double)>(&M3::operator/), aDefault);
+        answers.row("operator+ number", as<M3(double)>(&M3::operator+), aDefault);
+        answers.row("operator- number", as<M3(double)>(&M3::operator-), aDefault);
         answers.row("operator* vector", as<V(V const&)>(&M3::operator*), aDefault);
-        answers.row("operator==", as<bool(M3 const&) const>(&M3::operator==), false);
+        answers.row("operator==", as<bool(M3 const&)>(&M3::operator==), false);
         answers.row("replace", as<void(int, int, double)>(&M3::replace), nothing);
         answers.row("data", as<double*() const>(&M3::data), null);
     }
@@ -90,14 +90,14 @@ TEST(Matrix4, AnswersConstants)
         answers.row("value", as<double(int, int) const>(&M4::value), 0.0);
         answers.row("transposed", as<M4() const>(&M4::transposed), aDefault);
         answers.row("inverse", as<M4() const>(&M4::inverse), aDefault);
-        answers.row("operator* matrix", as<M4(M4 const&) const>(&M4::operator*), aDefault);
-        answers.row("operator+ matrix", as<M4(M4 const&) const>(&M4::operator+), aDefault);
-        answers.row("operator- matrix", as<M4(M4 const&) const>(&M4::operator-), aDefault);
-        answers.row("operator* number", as<M4(double) const>(&M4::operator*), aDefault);
-        answers.row("operator/ number", as<M4(double) const>(&M4::operator/), aDefault);
-        answers.row("operator+ number", as<M4(double) const>(&M4::operator+), aDefault);
-        answers.row("operator- number", as<M4(double) const>(&M4::operator-), aDefault);
-        answers.row("operator==", as<bool(M4 const&) const>(&M4::operator==), false);
+        answers.row("operator* matrix", as<M4(M4 const&)>(&M4::operator*), aDefault);
+        answers.row("operator+ matrix", as<M4(M4 const&)>(&M4::operator+), aDefault);
+        answers.row("operator- matrix", as<M4(M4 const&)>(&M4::operator-), aDefault);
+        answers.row("operator* number", as<M4(double)>(&M4::operator*), aDefault);
+        answers.row("operator/ number", as<M4(double)>(&M4::operator/), aDefault);
+        answers.row("operator+ number", as<M4(double)>(&M4::operator+), aDefault);
+        answers.row("operator- number", as<M4(double)>(&M4::operator-), aDefault);
+        answers.row("operator==", as<bool(M4 const&)>(&M4::operator==), false);
         answers.row("replace", as<void(int, int, double)>(&M4::replace), nothing);
         answers.row("data", as<double*() const>(&M4::data), null);
     }

@@ -68,13 +68,29 @@ TEST(BoolArray, PushBackOntoItselfDoublesTheFlags)
     EXPECT_EQ(flagsOf(array), (Flags{true, false, true, false}));
 }
 
-TEST(BoolArray, PushBackOntoAnEmptyArraySharesTheStorage)
+TEST(BoolArray, PushBackOntoAnArrayWithoutStorageSharesAndOntoAnEmptiedOneCopies)
 {
     auto const array = arrayOf({true, false});
-    KDRBoolArray empty;
-    empty.push_back(array);
-    EXPECT_EQ(flagsOf(empty), (Flags{true, false}));
-    EXPECT_TRUE(shareStorage(array, empty));
+    KDRBoolArray fresh;
+    fresh.push_back(array);
+    EXPECT_EQ(flagsOf(fresh), (Flags{true, false}));
+    EXPECT_TRUE(shareStorage(array, fresh));
+    auto emptied = arrayOf({true});
+    EXPECT_TRUE(emptied.removeAt(0));
+    emptied.push_back(array);
+    EXPECT_EQ(flagsOf(emptied), (Flags{true, false}));
+    EXPECT_FALSE(shareStorage(array, emptied));
+}
+
+TEST(BoolArray, ACopyOfAnEmptiedArraySharesNothing)
+{
+    auto array = arrayOf({true});
+    EXPECT_TRUE(array.removeAt(0));
+    KDRBoolArray copy(array);
+    EXPECT_FALSE(shareStorage(array, copy));
+    copy.push_back(true);
+    EXPECT_EQ(flagsOf(copy), (Flags{true}));
+    EXPECT_EQ(array.length(), 0);
 }
 
 TEST(BoolArray, InsertPutsTheFlagBeforeTheIndex)

@@ -219,6 +219,58 @@ TEST(Enum, ListsThatWereGivenOrGotDoNotFollow)
     EXPECT_EQ(namesOf(selection), (Names{"a"}));
 }
 
+// The maxima of the numbers' ranges, as they come out.
+std::vector<double> maximaOf(KDREnum& selection)
+{
+    KDRNumberArray numbers;
+    selection.getEnumIndexList(numbers);
+    std::vector<double> maxima;
+    for (int i = 0; i < numbers.length(); ++i) {
+        KDRNumber number;
+        EXPECT_TRUE(numbers.select(i, &number));
+        maxima.push_back(number.maxValue());
+    }
+    return maxima;
+}
+
+TEST(Enum, NumbersKeepTheirRanges)
+{
+    KDRNumber ranged(10);
+    ranged.setMaxValue(99.0);
+    KDRNumberArray numbers = arrayOf(Numbers{1, 2});
+    ASSERT_TRUE(numbers.replace(1, ranged));
+    std::vector<double> const maxima{0.0, 99.0};
+
+    KDREnum made(arrayOf(Names{"a", "b"}), numbers);
+    EXPECT_EQ(maximaOf(made), maxima);
+    KDREnum copy(made);
+    EXPECT_EQ(maximaOf(copy), maxima);
+    KDREnum assigned;
+    assigned = copy;
+    EXPECT_EQ(maximaOf(assigned), maxima);
+    KDREnum set;
+    set.setEnumInf(numbers, KDRStringArray());
+    EXPECT_EQ(maximaOf(set), maxima);
+}
+
+TEST(EnumPrivate, NumbersKeepTheirRanges)
+{
+    KDRNumber ranged(10);
+    ranged.setMaxValue(99.0);
+    KDREnumPrivate record;
+    record.indexList = arrayOf(Numbers{1});
+    ASSERT_TRUE(record.indexList.replace(0, ranged));
+    KDREnumPrivate const copy(record);
+    KDREnumPrivate assigned;
+    assigned = record;
+    for (KDREnumPrivate const* const other :
+         {&copy, static_cast<KDREnumPrivate const*>(&assigned)}) {
+        KDRNumber out;
+        ASSERT_TRUE(other->indexList.select(0, &out));
+        EXPECT_EQ(out.maxValue(), 99.0);
+    }
+}
+
 TEST(Enum, HandlesWithoutARecordAreSkippedByAssignmentAndCopiedAsDefaults)
 {
     // What a handle looks like whose destructor has run.

@@ -81,12 +81,4 @@ TEST_F(EnumArray, CopiesShareTheStorageAndDetachWhenIndexed)
     EXPECT_FALSE(shareStorage(array, copy));
 }
 
-TEST_F(EnumArray, PushBackOntoAnEmptyArraySharesTheStorage)
-{
-    KDREnumArray empty;
-    empty.push_back(array);
-    EXPECT_EQ(empty.length(), 1);
-    EXPECT_TRUE(shareStorage(array, empty));
-}
-
 } // namespace

@@ -1,3 +1,4 @@
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrnumber.h>
 
 #include <gtest/gtest.h>
@@ -10,6 +11,7 @@
 #include <limits>
 #include <random>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -71,6 +73,123 @@ TEST(Number, StepAnswersTheMinimum)
     EXPECT_EQ(number.step(), -5.0);
     number.setMinValue(3.0);
     EXPECT_EQ(number.step(), 3.0);
+}
+
+// The record behind a number, field by field in its order: the step is read by no operation.
+struct Record
+{
+    union {
+        long long integer;
+        double floating;
+    } value;
+    int kind;
+    double maxValue;
+    double minValue;
+    double step;
+};
+
+Record recordOf(KDRNumber const& number)
+{
+    Record record = {};
+    std::memcpy(&record, &KDRInternal::wrapped(number), sizeof record);
+    return record;
+}
+
+TEST(Number, TheRecordHoldsValueKindMaximumMinimumAndStep)
+{
+    Record const floating = recordOf(ranged(1.5));
+    Record const fromRanged = [] {
+        KDRNumber number;
+        number.fromLongLong(LLONG_MIN + 1);
+        number.setMaxValue(10.0);
+        number.setMinValue(-5.0);
+        number.setStep(0.5);
+        return recordOf(number);
+    }();
+    EXPECT_EQ(floating.value.floating, 1.5);
+    EXPECT_EQ(floating.kind, 1);
+    EXPECT_EQ(fromRanged.value.integer, LLONG_MIN + 1);
+    EXPECT_EQ(fromRanged.kind, 0);
+    EXPECT_EQ(fromRanged.maxValue, 10.0);
+    EXPECT_EQ(fromRanged.minValue, -5.0);
+    EXPECT_EQ(fromRanged.step, 0.5);
+}
+
+TEST(Number, TheStepIsOneByDefaultAndKeptAsSet)
+{
+    KDRNumber number;
+    EXPECT_EQ(recordOf(number).step, 1.0);
+    number.setStep(0.5);
+    EXPECT_EQ(recordOf(number).step, 0.5);
+    number.fromInt(3);
+    number.fromDouble(1.5);
+    number.setMaxValue(7.0);
+    number.setMinValue(-7.0);
+    EXPECT_EQ(recordOf(number).step, 0.5);
+    EXPECT_EQ(recordOf(KDRNumber(5)).step, 0.0);
+    EXPECT_EQ(recordOf(KDRNumber(5.0)).step, 0.0);
+}
+
+TEST(Number, TheStepIsCarriedByAssignmentAndNotByCopyConstruction)
+{
+    KDRNumber number;
+    number.setStep(0.5);
+    KDRNumber const copy(number);
+    KDRNumber assigned(3);
+    assigned = number;
+    EXPECT_EQ(recordOf(copy).step, 0.0);
+    EXPECT_EQ(recordOf(assigned).step, 0.5);
+    EXPECT_EQ(recordOf(number).step, 0.5);
+}
+
+// What a handle looks like whose destructor has run; the record is given back in the end, to be
+// freed.
+struct WithoutARecord
+{
+    KDRNumber number;
+
+    WithoutARecord() { std::swap(KDRInternal::pointer(number), kept); }
+    ~WithoutARecord() { std::swap(KDRInternal::pointer(number), kept); }
+    WithoutARecord(WithoutARecord const&) = delete;
+    WithoutARecord& operator=(WithoutARecord const&) = delete;
+
+private:
+    KDRNumberPrivate* kept = nullptr;
+};
+
+TEST(Number, WithoutARecordTakesNoValueAndReadsAsZero)
+{
+    WithoutARecord bare;
+    KDRNumber& number = bare.number;
+    number.fromInt(1);
+    number.fromLong(2L);
+    number.fromLongLong(3LL);
+    number.fromFloat(4.0F);
+    number.fromDouble(5.0);
+    EXPECT_EQ(KDRInternal::pointer(number), nullptr);
+    EXPECT_EQ(number.toInt(), 0);
+    EXPECT_EQ(number.toLong(), 0L);
+    EXPECT_EQ(number.toLongLong(), 0LL);
+    EXPECT_EQ(number.toFloat(), 0.0F);
+    EXPECT_EQ(number.toDouble(), 0.0);
+}
+
+TEST(Number, WithoutARecordIsSkippedByAssignmentAndCopiedAsZero)
+{
+    WithoutARecord bare;
+    KDRNumber number = KDRNumber(1.5);
+    number.setMaxValue(10.0);
+    EXPECT_EQ(&(number = bare.number), &number);
+    EXPECT_EQ(number.toDouble(), 1.5);
+    EXPECT_EQ(number.maxValue(), 10.0);
+    EXPECT_EQ(&(bare.number = number), &bare.number);
+    EXPECT_EQ(KDRInternal::pointer(bare.number), nullptr);
+    KDRNumber copy(bare.number);
+    EXPECT_NE(KDRInternal::pointer(copy), nullptr);
+    EXPECT_EQ(copy.numType(), 0);
+    EXPECT_EQ(copy.toLongLong(), 0);
+    copy.fromInt(7);
+    EXPECT_EQ(copy.toInt(), 7);
 }
 
 TEST(Number, CopyConstructionLeavesTheRangeBehind)

@@ -5,8 +5,13 @@
 
 #include <QtCore/qlist.h>
 
+#include <cstddef>
+#include <functional>
+#include <vector>
+
 #include "../contract/arraysuite.h"
 #include "../contract/listarraysuite.h"
+#include "../support/failing.h"
 
 namespace {
 
@@ -112,6 +117,72 @@ TEST_F(NumberArrayRange, IsKeptWhereAppendingAnArrayCopiesNoElement)
     empty.push_back(array);
     EXPECT_EQ(maximumAt(empty, 0), 10.0);
     EXPECT_TRUE(shareStorage(array, empty));
+}
+
+TEST_F(NumberArrayRange, IsLostWhereAnArrayIsAppendedToAnEmptiedOne)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    KDRNumberArray emptied;
+    emptied.push_back(KDRNumber(0));
+    ASSERT_TRUE(emptied.removeAt(0));
+    emptied.push_back(array);
+    EXPECT_EQ(emptied[0].toInt(), 5);
+    EXPECT_EQ(maximumAt(emptied, 0), 0.0);
+    EXPECT_EQ(maximumAt(array, 0), 10.0);
+}
+
+TEST_F(NumberArrayRange, IsKeptByTheElementsThatSwapExchanges)
+{
+    array.push_back(KDRNumber(0));
+    array.push_back(KDRNumber(1));
+    ASSERT_TRUE(array.replace(0, ranged));
+    ASSERT_TRUE(array.swap(0, 1));
+    EXPECT_EQ(maximumAt(array, 0), 0.0);
+    EXPECT_EQ(maximumAt(array, 1), 10.0);
+}
+
+TEST_F(NumberArrayRange, IsKeptWhileOtherElementsComeAndGo)
+{
+    array.push_back(KDRNumber(0));
+    ASSERT_TRUE(array.replace(0, ranged));
+    for (int i = 0; i < 100; ++i)
+        array.push_back(KDRNumber(i));
+    ASSERT_TRUE(array.insert(0, KDRNumber(1)));
+    EXPECT_EQ(maximumAt(array, 1), 10.0);
+    ASSERT_TRUE(array.removeAt(0));
+    EXPECT_EQ(maximumAt(array, 0), 10.0);
+}
+
+TEST_F(NumberArrayRange, OfAllElementsIsKeptWhereMemoryRunsOutOnASharedList)
+{
+    for (int i = 0; i < 3; ++i)
+        array.push_back(KDRNumber(i));
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(array.replace(i, ranged));
+    KDRNumberArray other;
+    other.push_back(KDRNumber(7));
+    KDRNumber const value(8);
+    using Change = std::function<void(KDRNumberArray&)>;
+    std::vector<Change> const changes{[&](KDRNumberArray& a) { a.push_back(value); },
+                                      [&](KDRNumberArray& a) { a.push_back(other); },
+                                      [&](KDRNumberArray& a) { a.insert(1, value); },
+                                      [&](KDRNumberArray& a) { a.replace(1, value); },
+                                      [](KDRNumberArray& a) { a.removeAt(1); },
+                                      [](KDRNumberArray& a) { a.swap(0, 1); },
+                                      [](KDRNumberArray& a) { a[1].toInt(); }};
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        SCOPED_TRACE(i);
+        KDRNumberArray changed(array);
+        auto const isAsBefore = [&] {
+            EXPECT_TRUE(shareStorage(changed, array));
+            for (int element = 0; element < 3; ++element)
+                EXPECT_EQ(maximumAt(changed, element), 10.0);
+        };
+        // A node and a record for each of three elements at least.
+        EXPECT_GE(failAtEveryAllocation([&] { changes[i](changed); }, isAsBefore), 6);
+        EXPECT_FALSE(shareStorage(changed, array));
+    }
 }
 
 class NumberArraySharing : public testing::Test

@@ -97,6 +97,7 @@ void expectSameAnswers(Source& source, KDRBuffer const& ours, QByteArray const& 
     ASSERT_EQ(ours.lastIndexOf(ourNeedle, n), theirs.lastIndexOf(needle, n));
     ASSERT_EQ(ours.lastIndexOf(text, n), theirs.lastIndexOf(text, n));
     ASSERT_EQ(ours.lastIndexOf(ch, n), theirs.lastIndexOf(ch, n));
+    ASSERT_EQ(ours.lastIndexOf('\0', theirs.size()), theirs.lastIndexOf('\0', theirs.size()));
     ASSERT_EQ(ours.startsWith(ourNeedle), theirs.startsWith(needle));
     ASSERT_EQ(ours.startsWith(text), theirs.startsWith(text));
     ASSERT_EQ(ours.startsWith(ch), theirs.startsWith(ch));
@@ -143,6 +144,9 @@ void expectSameAnswers(Source& source, KDRBuffer const& ours, QByteArray const& 
     ASSERT_EQ(ourOk, theirOk);
 }
 
+// Qt writes in front of the bytes where it replaces as many as it inserts.
+int inBounds(int pos, int len, int alen) { return pos < 0 && len > 0 && len == alen ? 0 : pos; }
+
 void changeBoth(Source& source, KDRBuffer& ours, QByteArray& theirs)
 {
     QByteArray const bytes = source.bytes();
@@ -160,7 +164,7 @@ void changeBoth(Source& source, KDRBuffer& ours, QByteArray& theirs)
         call(theirs, bytes, after);
     };
     // The same call on both sides: b is the buffer, s and a are the random bytes.
-    switch (source.below(35)) {
+    switch (source.below(38)) {
     case 0:
         return both([&](auto& b, auto const& s, auto const&) { b.append(s); });
     case 1:
@@ -231,6 +235,22 @@ void changeBoth(Source& source, KDRBuffer& ours, QByteArray& theirs)
         return both([&](auto& b, auto const&, auto const&) {
             b.resize(std::min(b.size(), std::max(i, 0)));
         });
+    case 34:
+        return both([&](auto& b, auto const&, auto const& a) {
+            b.replace(inBounds(i, n, a.size()), n, a);
+        });
+    case 35:
+        return both([&](auto& b, auto const&, auto const& a) {
+            int const alen = static_cast<int>(qstrlen(a.constData()));
+            b.replace(inBounds(i, n, alen), n, a.constData());
+        });
+    case 36: {
+        int const alen = source.below(after.size() + 3) - 2;
+        int const len = n == alen ? std::max(n, 0) : n;
+        return both([&](auto& b, auto const&, auto const& a) {
+            b.replace(inBounds(i, len, std::max(alen, 0)), len, a.constData(), alen);
+        });
+    }
     case 33:
         return both([&](auto& b, auto const&, auto const&) { b = text; });
     default:

@@ -45,11 +45,27 @@ TEST(BufferCapacity, IsZeroForTheNullBufferAndGrowsByReserve)
     buffer.reserve(100);
     EXPECT_GE(buffer.capacity(), 100);
     int const capacity = buffer.capacity();
-    buffer.reserve(-5);
+    for (int const negative : {-1, -5, INT_MIN})
+        buffer.reserve(negative);
     EXPECT_EQ(buffer.capacity(), capacity);
     buffer.squeeze();
     EXPECT_LT(buffer.capacity(), 100);
     EXPECT_EQ(bytesOf(buffer), "ab");
+}
+
+TEST(BufferCapacity, RoomForNothingMakesANullBufferEmptyAndAnyOneItsOwn)
+{
+    KDRBuffer null;
+    null.reserve(-1);
+    EXPECT_TRUE(null.isNull());
+    null.reserve(0);
+    EXPECT_FALSE(null.isNull());
+    EXPECT_TRUE(null.isEmpty());
+    KDRBuffer const source("ab");
+    KDRBuffer copy(source);
+    copy.reserve(0);
+    EXPECT_NE(copy.constData(), source.constData());
+    EXPECT_EQ(bytesOf(copy), "ab");
 }
 
 TEST(BufferConstants, MemorySequenceIsOne) { EXPECT_EQ(KDRBuffer::memorySequence(), 1); }
@@ -118,8 +134,52 @@ TEST(BufferReplace, OfARangeIsRemoveAndInsertForAbsurdPositionsToo)
     EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, INT_MAX, "XY")), "aXY");
     EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(5, 1, "X")), "abc  X");
     EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", 2)), "aXYc");
-    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", -1)), "aXYZc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, INT_MAX - 1, "XY")), "aXY");
+    EXPECT_THROW(KDRBuffer("abc").replace(1, INT_MAX, "XY", INT_MAX), std::bad_alloc);
     EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, static_cast<char const*>(nullptr))), "ac");
+}
+
+TEST(BufferReplace, OfARangeByANegativeLengthInsertsNothing)
+{
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", -1)), "ac");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, "XYZ", INT_MIN)), "ac");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, -1, "XYZ", -1)), "abc");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(-1, -2, "XYZ", -2)), "abc");
+    EXPECT_TRUE(KDRBuffer().replace(0, -1, "x", -1).isNull());
+    EXPECT_TRUE(KDRBuffer().replace(0, 0, "x", -1).isNull());
+    // A null pointer counts as no bytes, whatever the length.
+    char const* const null = nullptr;
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, null, 1)), "ac");
+    EXPECT_EQ(bytesOf(KDRBuffer("abc").replace(1, 1, null, 2)), "ac");
+}
+
+TEST(BufferReplace, OfARangeThatReplacesNothingKeepsTheBufferNull)
+{
+    EXPECT_TRUE(KDRBuffer().replace(0, 1, "").isNull());
+    EXPECT_TRUE(KDRBuffer().replace(0, 1, KDRBuffer()).isNull());
+    EXPECT_TRUE(KDRBuffer().replace(0, -1, "x", 0).isNull());
+    EXPECT_TRUE(KDRBuffer().replace(0, -1, "").isNull());
+    EXPECT_TRUE(KDRBuffer().replace(1, 0, "").isNull());
+    EXPECT_TRUE(KDRBuffer().replace(-1, 1, "x").isNull());
+    // No bytes in the place of no bytes make a null one empty, as in QByteArray.
+    EXPECT_FALSE(KDRBuffer().replace(0, 0, "").isNull());
+    EXPECT_FALSE(KDRBuffer().replace(0, 0, KDRBuffer()).isNull());
+    EXPECT_FALSE(KDRBuffer().replace(-1, 0, "").isNull());
+}
+
+TEST(BufferReplace, OfARangeTakesItsOwnBytesAndOwnsTheGap)
+{
+    KDRBuffer buffer("abcdef");
+    buffer.replace(1, 2, buffer);
+    EXPECT_EQ(bytesOf(buffer), "aabcdefdef");
+    buffer = "abcdef";
+    buffer.replace(0, 3, buffer.constData() + 1, 3);
+    EXPECT_EQ(bytesOf(buffer), "bcddef");
+    buffer = "ab";
+    buffer.replace(5, 2, "xy");
+    EXPECT_EQ(bytesOf(buffer), "ab   xy");
+    KDRBuffer raw = KDRBuffer::fromRawData("abcdef", 6);
+    EXPECT_EQ(bytesOf(raw.replace(1, 1, "XYZ")), "aXYZcdef");
 }
 
 TEST(BufferAppend, NullAndNegativeLengths)
@@ -278,6 +338,15 @@ TEST(BufferParts, BeforeTheFirstByteGiveNothing)
     EXPECT_EQ(bytesOf(buffer.mid(-2, -5)), "abcab");
     EXPECT_TRUE(buffer.repeated(0).isNull());
     EXPECT_TRUE(buffer.repeated(-1).isNull());
+    EXPECT_FALSE(KDRBuffer("").repeated(0).isNull()) << "an empty one is itself any times over";
+    EXPECT_FALSE(KDRBuffer("").repeated(-1).isNull());
+    EXPECT_TRUE(KDRBuffer().repeated(3).isNull());
+    EXPECT_FALSE(buffer.mid(5).isNull()) << "at the end it is empty";
+    EXPECT_FALSE(buffer.mid(1, 0).isNull());
+    EXPECT_TRUE(buffer.mid(-3, 3).isNull());
+    KDRBuffer null;
+    EXPECT_EQ(null.data()[0], '\0');
+    EXPECT_FALSE(null.isNull()) << "to be written to, a null buffer becomes an empty one";
 }
 
 TEST(BufferCase, IsThatOfLatin1)
@@ -354,18 +423,79 @@ TEST(BufferRawData, SetRawDataAnswersTheBufferItself)
     EXPECT_EQ(bytesOf(sharer), "old");
 }
 
-TEST(BufferRawData, SetRawDataWithoutBytesMakesTheBufferEmptyAndWithoutAPointerNull)
+TEST(BufferRawData, SetRawDataWithoutBytesMakesTheBufferEmpty)
 {
-    for (char const* const start : {"", "owned"}) {
-        KDRBuffer owned(start);
+    for (KDRBuffer buffer : {KDRBuffer(), KDRBuffer(""), KDRBuffer("owned")}) {
+        buffer.setRawData("x", 0);
+        EXPECT_TRUE(buffer.isEmpty());
+        EXPECT_FALSE(buffer.isNull());
+    }
+    KDRBuffer raw = KDRBuffer::fromRawData("raw", 3);
+    raw.setRawData("x", 0);
+    EXPECT_TRUE(raw.isEmpty());
+    EXPECT_FALSE(raw.isNull());
+}
+
+TEST(BufferRawData, SetRawDataWithoutAPointerMakesTheBufferNullUnlessItReferredToBytes)
+{
+    for (unsigned int const size : {0U, 4U, 0x80000000U, UINT_MAX}) {
+        SCOPED_TRACE(size);
+        for (KDRBuffer buffer : {KDRBuffer(), KDRBuffer(""), KDRBuffer("owned")})
+            EXPECT_TRUE(buffer.setRawData(nullptr, size).isNull());
         KDRBuffer raw = KDRBuffer::fromRawData("raw", 3);
-        for (KDRBuffer* const buffer : {&owned, &raw}) {
-            buffer->setRawData("x", 0);
-            EXPECT_TRUE(buffer->isEmpty());
-            EXPECT_FALSE(buffer->isNull());
-            buffer->setRawData(nullptr, 4);
-            EXPECT_TRUE(buffer->isNull());
-        }
+        QByteArray model = QByteArray::fromRawData("raw", 3);
+        raw.setRawData(nullptr, size);
+        model.setRawData(nullptr, size);
+        EXPECT_EQ(raw.isNull(), model.isNull());
+        EXPECT_FALSE(raw.isNull());
+        EXPECT_TRUE(raw.isEmpty());
+        EXPECT_EQ(raw.constData()[0], '\0');
+        EXPECT_EQ(bytesOf(raw.append("after")), "after");
+        KDRBuffer shared = KDRBuffer::fromRawData("raw", 3);
+        KDRBuffer const sharer(shared);
+        EXPECT_TRUE(shared.setRawData(nullptr, size).isNull());
+        EXPECT_EQ(bytesOf(sharer), "raw");
+    }
+}
+
+TEST(BufferRawData, WhatCutsBytesOffGoesOnReferringToThem)
+{
+    char const bytes[] = {'a', 'b', 'c', 'd', 'e'};
+    KDRBuffer raw = KDRBuffer::fromRawData(bytes, 5);
+    raw.truncate(4);
+    EXPECT_EQ(raw.constData(), bytes);
+    raw.chop(1);
+    EXPECT_EQ(raw.constData(), bytes);
+    raw.resize(2);
+    EXPECT_EQ(raw.constData(), bytes);
+    raw.squeeze();
+    EXPECT_EQ(raw.constData(), bytes);
+    EXPECT_EQ(raw.capacity(), 0);
+    EXPECT_EQ(bytesOf(raw), "ab");
+    // While a copy refers to them too, the bytes are copied.
+    KDRBuffer const sharer(raw);
+    raw.truncate(1);
+    EXPECT_NE(raw.constData(), bytes);
+    EXPECT_EQ(bytesOf(raw), "a");
+    EXPECT_EQ(bytesOf(sharer), "ab");
+}
+
+TEST(BufferRawData, WhatWritesCopiesTheBytesFirst)
+{
+    char const bytes[] = {'a', 'b', 'c', 'd', 'e'};
+    void (*const writes[])(KDRBuffer&) = {
+        [](KDRBuffer& b) { b.fill('x', 2); },      [](KDRBuffer& b) { b.fill('x'); },
+        [](KDRBuffer& b) { b.data()[0] = 'x'; },   [](KDRBuffer& b) { b.replace(0, 1, "x"); },
+        [](KDRBuffer& b) { b.replace('a', 'x'); }, [](KDRBuffer& b) { b.replace("a", "x"); },
+        [](KDRBuffer& b) { b.remove(0, 1); },      [](KDRBuffer& b) { b.insert(0, 'x'); },
+        [](KDRBuffer& b) { b.append('x'); },       [](KDRBuffer& b) { b.prepend("x"); },
+        [](KDRBuffer& b) { b.resize(5); },         [](KDRBuffer& b) { b.reserve(0); },
+    };
+    for (auto const write : writes) {
+        KDRBuffer raw = KDRBuffer::fromRawData(bytes, 5);
+        write(raw);
+        EXPECT_NE(raw.constData(), bytes);
+        EXPECT_EQ(QByteArray(bytes, 5), "abcde");
     }
 }
 
@@ -388,6 +518,15 @@ TEST(BufferNumbers, ToShortTellsWhetherItIsOne)
     EXPECT_EQ(KDRBuffer("40000").toShort(&ok), 0);
     EXPECT_FALSE(ok);
     EXPECT_EQ(KDRBuffer("x").toShort(), 0);
+    // In base 10 a leading zero is a digit as any other; only base 0 reads prefixes.
+    EXPECT_EQ(KDRBuffer("010").toShort(&ok), 10);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KDRBuffer("010").toShort(&ok, 0), 8);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KDRBuffer("09").toShort(&ok, 10), 9);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(KDRBuffer("0x10").toShort(&ok), 0);
+    EXPECT_FALSE(ok);
 }
 
 TEST(BufferCodes, DecodeHexadecimalAndPercent)
@@ -404,7 +543,9 @@ TEST(BufferSwap, ExchangesTheBytesOfTwoHandles)
     KDRBuffer first("a");
     KDRBuffer second;
     char const* const bytes = first.constData();
+    QByteArray const* const holder = KDRInternal::pointer(first);
     first.swap(second);
+    EXPECT_EQ(KDRInternal::pointer(first), holder) << "the handles keep their holders";
     EXPECT_TRUE(first.isNull());
     EXPECT_EQ(second.constData(), bytes);
     second.swap(second);

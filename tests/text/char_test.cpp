@@ -4,6 +4,8 @@
 
 #include "../support/qtprinters.h"
 
+#include <QtCore/QChar>
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -184,6 +186,49 @@ TEST(Char, CodePointFormsIgnoreTheCharacter)
     EXPECT_EQ(letter.digitValue('7'), 7);
     EXPECT_EQ(letter.toUpper(0x10428U), 0x10400U) << "beyond the 16 bits of a character";
     EXPECT_EQ(letter.unicode(), 'a');
+}
+
+TEST(Char, SurrogateFormulasHoldAtTheirEnds)
+{
+    KDRChar const any;
+    EXPECT_EQ(any.highSurrogate(0x10000), 0xD800);
+    EXPECT_EQ(any.lowSurrogate(0x10000), 0xDC00);
+    EXPECT_EQ(any.highSurrogate(0x10FFFF), 0xDBFF);
+    EXPECT_EQ(any.lowSurrogate(0x10FFFF), 0xDFFF);
+    EXPECT_EQ(any.surrogateToUcs4(0xD800, 0xDC00), 0x10000U);
+    EXPECT_EQ(any.surrogateToUcs4(0xDBFF, 0xDFFF), 0x10FFFFU);
+    EXPECT_EQ(any.surrogateToUcs4(KDRChar(0xDBFF), KDRChar(0xDFFF)), 0x10FFFFU);
+    // Neither tells whether a pair is needed, nor whether it is one.
+    EXPECT_EQ(any.highSurrogate(0), 0xD7C0);
+    EXPECT_EQ(any.lowSurrogate(0), 0xDC00);
+    EXPECT_EQ(any.highSurrogate(0xFFFFFFFF), 0xD7BF) << "its low 16 bits";
+    EXPECT_EQ(any.lowSurrogate(0xFFFFFFFF), 0xDFFF);
+    EXPECT_EQ(any.surrogateToUcs4(0, 0), 0xFCA02400U) << "in 32 bits";
+    EXPECT_EQ(any.surrogateToUcs4(0xFFFF, 0xFFFF), 0xA11FFFU);
+}
+
+TEST(Char, BeyondTheLastCodePointNothingIsAssigned)
+{
+    KDRChar const any;
+    for (unsigned int const u : {0x110000U, 0x11FFFEU, 0x200041U, 0x80000000U, 0xFFFFFFFFU}) {
+        SCOPED_TRACE(u);
+        EXPECT_EQ(any.category(u), QChar::Other_NotAssigned);
+        EXPECT_EQ(any.direction(u), QChar::direction(u));
+        EXPECT_EQ(any.script(u), QChar::Script_Unknown);
+        EXPECT_EQ(any.unicodeVersion(u), QChar::Unicode_Unassigned);
+        EXPECT_EQ(any.digitValue(u), -1);
+        EXPECT_EQ(any.combiningClass(u), 0);
+        EXPECT_EQ(any.joining(u), 0);
+        EXPECT_EQ(any.toUpper(u), u);
+        EXPECT_EQ(any.toLower(u), u);
+        EXPECT_EQ(any.toTitleCase(u), u);
+        EXPECT_EQ(any.toCaseFolded(u), u);
+        EXPECT_EQ(any.mirroredChar(u), u);
+        EXPECT_TRUE(any.decomposition(u).isEmpty());
+        EXPECT_FALSE(any.isPrint(u) || any.isLetter(u) || any.isSpace(u) || any.isSurrogate(u));
+        // The one question that goes by the low bits alone.
+        EXPECT_EQ(any.isNonCharacter(u), (u & 0xFFFE) == 0xFFFE);
+    }
 }
 
 TEST(Char, SurrogatePairsGoThereAndBack)

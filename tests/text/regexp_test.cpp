@@ -1,5 +1,7 @@
 #include <kdrdata/text/text.h>
 
+#include <kdrdata/internal/kdrinternal_p.h>
+
 #include "../support/qtprinters.h"
 
 #include <gtest/gtest.h>
@@ -183,11 +185,49 @@ TEST(RegExp, SyntaxesReadThePatternTheirWay)
 
 TEST(RegExp, ASyntaxOutsideTheEnumerationCountsAsTheFirst)
 {
-    for (int value : {-1, 6, INT_MIN, INT_MAX}) {
+    for (int value : {-1, 8, INT_MIN, INT_MAX}) {
         KDRRegExp const rx = expression("a+", static_cast<KDRRegExp::KDRPatternSyntax>(value));
         EXPECT_EQ(rx.patternSyntax(), KDRRegExp::KDRRegExpSyntax);
         EXPECT_TRUE(rx.exactMatch(KDRString("aaa")));
     }
+}
+
+TEST(RegExp, TheTwoSyntaxesWithoutANameAreKept)
+{
+    for (int value : {6, 7}) {
+        auto const syntax = static_cast<KDRRegExp::KDRPatternSyntax>(value);
+        KDRRegExp rx = expression("a+", syntax);
+        EXPECT_EQ(int{rx.patternSyntax()}, value);
+        EXPECT_TRUE(rx.exactMatch(KDRString("aaa")));
+        EXPECT_TRUE(rx != expression("a+"));
+        rx.setPatternSyntax(KDRRegExp::KDRRegExpSyntax);
+        EXPECT_FALSE(rx != expression("a+"));
+        rx.setPatternSyntax(syntax);
+        EXPECT_EQ(int{rx.patternSyntax()}, value);
+    }
+}
+
+TEST(RegExp, UnequalIsEachPartForItself)
+{
+    KDRRegExp const rx = expression("aB");
+    EXPECT_FALSE(rx != expression("aB"));
+    EXPECT_TRUE(rx != expression("ab")) << "the case of the pattern";
+    EXPECT_TRUE(rx != expression("aB", KDRRegExp::KDRRegExp2Syntax)) << "the syntax";
+    KDRRegExp const insensitive(KDRString("aB"), KDRRegExp::KDRCaseInsensitive);
+    EXPECT_TRUE(rx != insensitive) << "the sensitivity to case";
+    EXPECT_TRUE(insensitive != KDRRegExp(KDRString("ab"), KDRRegExp::KDRCaseInsensitive));
+    KDRRegExp minimal = expression("aB");
+    minimal.setMinimal(true);
+    EXPECT_TRUE(rx != minimal) << "the minimality";
+}
+
+TEST(RegExp, APatternThatDiffersInCaseOnlyIsAnotherOne)
+{
+    KDRRegExp rx(KDRString("ab"), KDRRegExp::KDRCaseInsensitive);
+    EXPECT_EQ(rx.indexIn(KDRString("xAB")), 1);
+    rx.setPattern(KDRString("AB"));
+    EXPECT_EQ(rx.pattern(), KDRString("AB"));
+    EXPECT_EQ(rx.matchedLength(), -1) << "it forgets the last match";
 }
 
 TEST(RegExp, AnyCaseSensitivityButZeroIsSensitive)
@@ -294,7 +334,9 @@ TEST(RegExp, SwapExchangesExpressionsAndMatches)
     KDRRegExp a = expression("a(b+)");
     KDRRegExp b = expression("x", KDRRegExp::KDRFixedStringSyntax);
     a.indexIn(KDRString("xabbb"));
+    QRegExp const* const holder = KDRInternal::pointer(a);
     a.swap(b);
+    EXPECT_EQ(KDRInternal::pointer(a), holder) << "the handles keep their holders";
     expectTheMatchInXabbb(b);
     EXPECT_EQ(b.pattern(), KDRString("a(b+)"));
     expectNoMatch(a);

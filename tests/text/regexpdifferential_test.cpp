@@ -208,7 +208,8 @@ protected:
         ASSERT_NO_FATAL_FAILURE(expectSameMatch(ours, qts));
         qts.exactMatch(text);
         ASSERT_NO_FATAL_FAILURE(expectSameMatch(copy, qts));
-        for (int offset : {1, -1, text.size(), text.size() + 1, INT_MAX, INT_MIN})
+        int const size = text.size();
+        for (int offset : {1, -1, size, size + 1, -size, -size - 1, -2 * size, INT_MAX, INT_MIN})
             for (int caret = 0; caret <= 2; ++caret) {
                 SCOPED_TRACE(testing::Message() << "offset " << offset << ", caret " << caret);
                 auto const ourCaret = static_cast<KDRRegExp::KDRCaretMode>(caret);
@@ -257,6 +258,6 @@ TEST_P(RegExpDifferential, InsensitiveMinimalSearchesAreQts)
     compareCorpus(GetParam(), false, true);
 }
 
-INSTANTIATE_TEST_SUITE_P(EverySyntax, RegExpDifferential, testing::Range(0, 6));
+INSTANTIATE_TEST_SUITE_P(EverySyntax, RegExpDifferential, testing::Range(0, 8));
 
 } // namespace

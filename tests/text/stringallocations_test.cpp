@@ -1,7 +1,11 @@
 #include <kdrdata/text/text.h>
 
+#include <kdrdata/internal/kdrinternal_p.h>
+
 #include "../support/allocations.h"
 #include "../support/qtprinters.h"
+
+#include <QtCore/QString>
 
 #include <gtest/gtest.h>
 
@@ -46,11 +50,12 @@ TEST(StringLimits, RepeatedBeyondWhatAStringCanHoldThrows)
 TEST(StringLimits, ImpossiblePrecisionsThrow)
 {
     for (int precision : {INT_MAX, INT_MAX - 400, INT_MAX / 2 + 1}) {
-        EXPECT_THROW(marker.arg(2.5, 0, KDRString::KDRFormatGeneral, precision), std::bad_alloc);
         EXPECT_THROW(marker.arg(2.5, 0, KDRString::KDRFormatFixed, precision), std::bad_alloc);
         KDRString text("text");
         EXPECT_THROW(text.setNum(2.5, KDRString::KDRFormatFixed, precision), std::bad_alloc);
-        EXPECT_THROW(text.setNum(2.5F, KDRString::KDRFormatGeneral, precision), std::bad_alloc);
+        EXPECT_THROW(text.setNum(2.5F, KDRString::KDRFormatFixed, precision), std::bad_alloc);
+        // Without a marker nothing is written.
+        EXPECT_EQ(text.arg(2.5, 0, KDRString::KDRFormatFixed, precision), text);
         EXPECT_EQ(text, KDRString("text"));
     }
 }
@@ -88,6 +93,33 @@ TEST(StringLimits, WidthsThatManyMarkersMakeImpossibleThrow)
     EXPECT_THROW(markers.arg(KDRString("x").repeated(1 << 20)), std::bad_alloc);
     EXPECT_THROW(KDRString("%1%1").arg(2.5, 0, KDRString::KDRFormatFixed, INT_MAX / 2),
                  std::bad_alloc);
+}
+
+TEST(StringLimits, AReplacementOfARangeThatRepeatsTooMuchThrowsAndChangesNothing)
+{
+    // Text, new text and what is repeated pass an int together, so that Qt's sum turns negative.
+    constexpr int size = 716000000;
+    KDRString text;
+    KDRInternal::wrapped(text) = QString(size, Qt::Uninitialized); // takes no memory till written
+    EXPECT_THROW(text.replace(size, -size, text), std::bad_alloc);
+    EXPECT_EQ(text.size(), size);
+}
+
+TEST(StringLimits, ManyMarkersAreNoReasonToRefuse)
+{
+    // Each could be replaced by more than the few units that it is replaced by.
+    constexpr int count = 1 << 20;
+    KDRString const pattern = KDRString("%1").repeated(count * 17);
+    EXPECT_EQ(pattern.arg(7).size(), count * 17);
+    EXPECT_EQ(pattern.arg(2.5, 0, KDRString::KDRFormatFixed, 1).size(), count * 17 * 3);
+}
+
+TEST(StringLimits, BackslashesAreNoReasonToRefuse)
+{
+    KDRString text = KDRString("x").repeated(1 << 22);
+    text.push_back(KDRString("b"));
+    KDRString const backslashes = KDRString("\\").repeated(1 << 11);
+    EXPECT_EQ(text.replace(KDRRegExp(KDRString("b")), backslashes).size(), (1 << 22) + (1 << 11));
 }
 
 TEST(StringLimits, OnlyTheMarkersThatAreReplacedCount)

@@ -1,6 +1,7 @@
 #include <kdrdata/text/text.h>
 
 #include "../support/qtprinters.h"
+#include "../support/qtvalues.h"
 
 #include <gtest/gtest.h>
 
@@ -81,9 +82,9 @@ TEST(StringArg, EveryIntegerTakesWidthBaseAndFill)
               KDRString("-002.5"));
 }
 
-TEST(StringArg, BasesOutsideTwoToThirtySixCountAsTen)
+TEST(StringArg, BasesZeroAndOneCountAsTen)
 {
-    for (int base : {0, 1, 37, -1, -16, INT_MIN, INT_MAX}) {
+    for (int base : {0, 1}) {
         SCOPED_TRACE(base);
         EXPECT_EQ(marker.arg(short{-12}, 0, base), KDRString("-12"));
         EXPECT_EQ(marker.arg(-12, 0, base), KDRString("-12"));
@@ -102,6 +103,65 @@ TEST(StringArg, BasesOutsideTwoToThirtySixCountAsTen)
         EXPECT_EQ(text.setNum(13U, base), KDRString("13"));
         EXPECT_EQ(text.setNum(12UL, base), KDRString("12"));
         EXPECT_EQ(text.setNum(13ULL, base), KDRString("13"));
+    }
+}
+
+TEST(StringArg, OtherBasesWithoutDigitsOfTheirOwnAreQts)
+{
+    QString const qts("%1");
+    for (int base : {37, 40, 100, 65536, INT_MAX, -1, -2, -16, INT_MIN}) {
+        SCOPED_TRACE(base);
+        for (long long const n : {0LL, 5LL, -12LL, 255LL, 1LL << 40, LLONG_MAX, LLONG_MIN}) {
+            auto const natural = static_cast<unsigned long long>(n);
+            EXPECT_EQ(marker.arg(n, 0, base), handleOf(qts.arg(n, 0, base)));
+            EXPECT_EQ(marker.arg(natural, 0, base), handleOf(qts.arg(natural, 0, base)));
+            EXPECT_EQ(KDRString().setNum(n, base), handleOf(QString::number(n, base)));
+            EXPECT_EQ(KDRString().setNum(natural, base), handleOf(QString::number(natural, base)));
+        }
+    }
+    // A zero needs no division.
+    for (int base : {0, 1}) {
+        EXPECT_EQ(KDRString().setNum(0, base), handleOf(QString::number(0, base)));
+        EXPECT_EQ(marker.arg(0ULL, 0, base), handleOf(qts.arg(0ULL, 0, base)));
+    }
+}
+
+TEST(StringArg, MarkersAreThoseOfQtFromZeroOn)
+{
+    EXPECT_EQ(KDRString("%0 %1").arg(KDRString("x")), KDRString("x %1"));
+    EXPECT_EQ(KDRString("%00 %0").arg(KDRString("x")), KDRString("x x"));
+    EXPECT_EQ(KDRString("%99 %100").arg(KDRString("x")), KDRString("%99 x0"));
+}
+
+TEST(StringArg, ManySignificantDigitsAreAsManyAsThereAre)
+{
+    for (double const number : {0.1, 5e-324, 2.2250738585072011e-308, 1e-4, 1e22, 0.0,
+                                std::numeric_limits<double>::max()}) {
+        QString const all = QString::number(number, 'g', 1100);
+        ASSERT_EQ(QString::number(number, 'g', 5000), all);
+        for (int precision : {1100, 1101, 5000, 1 << 30, INT_MAX}) {
+            EXPECT_EQ(KDRString().setNum(number, KDRString::KDRFormatGeneral, precision),
+                      handleOf(all));
+            EXPECT_EQ(marker.arg(number, 0, KDRString::KDRFormatGeneral, precision), handleOf(all));
+        }
+        EXPECT_EQ(KDRString().setNum(number, KDRString::KDRFormatGeneral, 400),
+                  handleOf(QString::number(number, 'g', 400)));
+        EXPECT_EQ(KDRString().setNum(number, KDRString::KDRFormatFixed, 2000),
+                  handleOf(QString::number(number, 'f', 2000)));
+        EXPECT_EQ(KDRString().setNum(number, KDRString::KDRFormatGeneral, -128),
+                  handleOf(QString::number(number, 'g', -128)));
+    }
+}
+
+TEST(StringArg, WhatIsNoNumberHasNoDigits)
+{
+    double const infinite = std::numeric_limits<double>::infinity();
+    for (int precision : {-128, -1, 0, 6, 2000, INT_MAX}) {
+        for (auto const format : {KDRString::KDRFormatGeneral, KDRString::KDRFormatFixed}) {
+            EXPECT_EQ(KDRString().setNum(infinite, format, precision), KDRString("inf"));
+            EXPECT_EQ(marker.arg(-infinite, 0, format, precision), KDRString("-inf"));
+            EXPECT_EQ(marker.arg(std::nan(""), 0, format, precision), KDRString("nan"));
+        }
     }
 }
 

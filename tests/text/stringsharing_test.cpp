@@ -102,7 +102,9 @@ TEST(StringSharing, SwapExchangesTheTextsNotTheHolders)
     QString const* const holderA = KDRInternal::pointer(a);
     QString const* const holderB = KDRInternal::pointer(b);
     unsigned short const* const characters = a.toUtf16();
+    QString const* const holder = KDRInternal::pointer(a);
     a.swap(b);
+    EXPECT_EQ(KDRInternal::pointer(a), holder) << "the handles keep their holders";
     EXPECT_TRUE(a.isNull());
     EXPECT_EQ(b, KDRString("first"));
     EXPECT_EQ(b.toUtf16(), characters);

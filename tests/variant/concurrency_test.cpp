@@ -84,6 +84,71 @@ TEST(Concurrency, OneHandleIsCopiedWhileItIsAssignedTo)
     EXPECT_EQ(VariantAccess::store(two).refCount(), 1);
 }
 
+TEST(Concurrency, WhatAHandleHeldMayDieWhileOthersCopyIt)
+{
+    long const before = allocations::live();
+    {
+        // Nobody else holds the values: each dies once it is replaced and the copies are gone.
+        KDRVariant shared(KDRPoint(0.0, 0.0));
+        inThreads([&shared](int number) {
+            for (int round = 0; round < 8 * rounds; ++round) {
+                if (number == 0) {
+                    shared = KDRVariant(KDRPoint(round, -round));
+                    continue;
+                }
+                KDRVariant const copy(shared);
+                KDRVariant assigned;
+                assigned = shared;
+                for (KDRVariant const* const variant :
+                     {&copy, static_cast<KDRVariant const*>(&assigned)}) {
+                    KDRPoint point;
+                    ASSERT_TRUE(variant->toPoint(&point));
+                    ASSERT_EQ(point.x(), -point.y());
+                }
+            }
+        });
+        EXPECT_EQ(VariantAccess::store(shared).refCount(), 1);
+    }
+    EXPECT_EQ(allocations::live(), before);
+}
+
+TEST(Concurrency, OneVariantArrayIsReadAndCopiedFromSeveralThreads)
+{
+    static constexpr int length = 8;
+    KDRVariantArray origin;
+    for (int i = 0; i < length; ++i)
+        origin.push_back(KDRVariant(i));
+    KDRVariantArray const& shared = origin;
+    inThreads([&shared](int number) {
+        for (int round = 0; round < rounds / 5; ++round) {
+            int const index = (round + number) % length;
+            KDRVariant element;
+            ASSERT_EQ(shared.length(), length);
+            ASSERT_TRUE(shared.select(index, &element));
+            int value = -1;
+            ASSERT_TRUE(element.toInt(&value));
+            ASSERT_EQ(value, index);
+
+            KDRVariantArray own(shared);
+            ASSERT_TRUE(own.replace(index, KDRVariant(100 + number)));
+            own.push_back(shared);
+            ASSERT_TRUE(own.swap(0, length));
+            ASSERT_TRUE(own.removeAt(1));
+            ASSERT_EQ(own.length(), 2 * length - 1);
+            element = own[length - 1];
+            element.fromString(KDRString("mine"));
+        }
+    });
+    for (int i = 0; i < length; ++i) {
+        KDRVariant element;
+        ASSERT_TRUE(origin.select(i, &element));
+        int value = -1;
+        EXPECT_TRUE(element.toInt(&value));
+        EXPECT_EQ(value, i);
+        EXPECT_EQ(VariantAccess::store(element).refCount(), 2) << "the element and this handle";
+    }
+}
+
 TEST(Concurrency, TheLastHandleMayGoInAnyThread)
 {
     long const before = allocations::live();

@@ -76,20 +76,6 @@ TEST(Lock, KeepsOtherThreadsFromTheHandleUntilUnlock)
     EXPECT_EQ(value, 5);
 }
 
-TEST(Lock, AssignmentTakesTheSourceBeforeTheTarget)
-{
-    KDRVariant source(5);
-    KDRVariant target;
-    VariantAccess::lock(source).lock();
-    bool targetWasTaken = true;
-    auto const tryTarget = [&] {
-        targetWasTaken = waitsFor([&] { KDRVariant const copy(target); },
-                                  [&] { VariantAccess::lock(source).unlock(); });
-    };
-    EXPECT_TRUE(waitsFor([&] { target = source; }, tryTarget));
-    EXPECT_FALSE(targetWasTaken);
-}
-
 TEST(Lock, IsNotTakenByReadersWritersAndClones)
 {
     KDRVariant variant(5);

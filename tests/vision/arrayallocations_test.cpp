@@ -50,7 +50,7 @@ TEST(ConversionMemory, AShapeIsAsItWasWhereARecordCannotBeRead)
             EXPECT_GE(failAtEveryAllocation([&] { convert.ROIToShape(*roi, &shape); },
                                             [&] { EXPECT_EQ(radiusOf(shape), 3.0); }),
                       1);
-            EXPECT_NE(shape.shapeType(), unsigned{ShapeKindCircle});
+            EXPECT_NE(shape.shapeType(), unsigned{KDRShape::Circle});
             if (shared) {
                 EXPECT_EQ(radiusOf(sharer), 3.0);
             }

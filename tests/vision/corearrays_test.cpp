@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "../contract/arraysuite.h"
 #include "regions.h"
 
@@ -100,9 +102,35 @@ struct MatrixArrayTraits
     }
 };
 
+void expectDefault(KDRPoint const& point)
+{
+    EXPECT_EQ(point.x(), 0.0);
+    EXPECT_EQ(point.y(), 0.0);
+}
+void expectDefault(KDRContour const& contour) { EXPECT_EQ(contour.length(), 0); }
+void expectDefault(KDRImage const& image) { EXPECT_EQ(image.dataPtr(), nullptr); }
+void expectDefault(KDRRegion const& region) { EXPECT_EQ(runsOf(region), Runs()); }
+void expectDefault(KDRMatrix const& matrix) { EXPECT_EQ(matrix.rows(), 0); }
+
 using CoreArrays = testing::Types<PointArrayTraits, ContourArrayTraits, ImageArrayTraits,
                                   RegionArrayTraits, MatrixArrayTraits>;
 INSTANTIATE_TYPED_TEST_SUITE_P(CoreArrays, ArrayContract, CoreArrays, );
+
+// The core library answers a default element for such an index.
+template <class Traits>
+class CoreArray : public testing::Test
+{
+};
+
+TYPED_TEST_SUITE(CoreArray, CoreArrays, );
+
+TYPED_TEST(CoreArray, IndexOutsideIsTheCoreLibrarysInDebugBuildsToo)
+{
+    typename TypeParam::Array array;
+    array.push_back(TypeParam::make(4));
+    for (int const index : {1, -1, INT_MAX, INT_MIN})
+        expectDefault(array[index]);
+}
 
 TEST(PointArray, KeepsNoRanges)
 {

@@ -197,13 +197,13 @@ TEST_F(ShapeToROI, ResetsTheRecordForAnEmptyShape) { EXPECT_EQ(toROI(shape).ROIT
 TEST_F(ShapeToROI, WritesAPointAndARectangleOfARecordMadeByHand)
 {
     shape.fromLine(first, second);
-    ShapeAccess::kind(ShapeAccess::record(shape)) = ShapeKindPoint;
+    ShapeAccess::kind(ShapeAccess::record(shape)) = KDRShape::Point;
     VelROI pointROI = toROI(shape);
     ASSERT_EQ(pointROI.ROIType(), point);
     pointROI.GetPoint(&a);
     expectPoint(a, 3.0, 4.0);
 
-    ShapeAccess::kind(ShapeAccess::record(shape)) = ShapeKindRect1;
+    ShapeAccess::kind(ShapeAccess::record(shape)) = KDRShape::Rect1;
     VelROI const rectangleROI = toROI(shape);
     ASSERT_EQ(rectangleROI.ROIType(), rect1);
     rectangleROI.GetRect1(&a, &b);
@@ -218,9 +218,9 @@ TEST_F(ShapeToROI, LeavesTheRecordAsItWasForRegionsAndKindsWithoutCounterpart)
         ShapeValues in = shapeValues(5);
         KDRShape figure;
         generator.generate(figure, in);
-        bool const untouched = figure.shapeType() == ShapeKindRegion ||
-                               figure.shapeType() == ShapeKindText ||
-                               (figure.shapeType() >= ShapeKindContours && figure.shapeType() < 99);
+        bool const untouched =
+            figure.shapeType() == KDRShape::Region || figure.shapeType() == KDRShape::Text ||
+            (figure.shapeType() >= KDRShape::Contours && figure.shapeType() < 99);
         EXPECT_EQ(isMarked(toROI(figure)), untouched);
     }
     for (unsigned const kind :
@@ -383,7 +383,7 @@ TEST(DataConvert, EveryKindThatHasACounterpartSurvivesBothWays)
         ShapeFields fields;
         generator.generate(shape, in);
         generator.store(in, fields);
-        if (fields.kind > ShapeKindIrregular)
+        if (fields.kind > KDRShape::Irregular)
             continue;
         VelROI roi = toROI(shape);
         KDRShape const back = toShape(roi);

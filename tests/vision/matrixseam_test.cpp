@@ -246,6 +246,16 @@ TEST_F(MatrixArraySeam, CopiesGoThroughTheCoreArraysAssignment)
     EXPECT_EQ(VelMatrix::calls, (Calls{"array operator=", "array operator="}));
 }
 
+TEST_F(MatrixArraySeam, AnyIndexIsPassedToTheCoreArray)
+{
+    KDRMatrixArray const array;
+    for (int const index : {0, 2, 3, -1, INT_MIN, INT_MAX}) {
+        VelMatrix::calls.clear();
+        (void)array[index];
+        EXPECT_EQ(VelMatrix::calls.at(0), "operator[] " + std::to_string(index));
+    }
+}
+
 TEST_F(MatrixArraySeam, IndexReadAssignsTheCoreElementWithoutDeepCopy)
 {
     KDRMatrixArray const matrices;

@@ -193,7 +193,7 @@ TEST(Region, OneListMayBeGivenMoreThanOnce)
 
 TEST(Region, AListGivenTwiceAsOutputReceivesItsColumnsInTurn)
 {
-    KDRRegion const region = regionOf({{1, 2, 3}, {4, 5, 6}});
+    KDRRegion region = regionOf({{1, 2, 3}, {4, 5, 6}});
     auto const numbersOf = [](KDRNumberArray const& list) {
         std::vector<int> numbers;
         for (int i = 0; i < list.length(); ++i)
@@ -243,7 +243,7 @@ TEST(Region, ShorterListsAreAssertedInDebugBuildsAndCountAsZeroInOthers)
 #ifndef NDEBUG
 TEST(Region, NullOutputsAreAssertedInDebugBuilds)
 {
-    KDRRegion const region = regionOf(someRuns);
+    KDRRegion region = regionOf(someRuns);
     KDRNumberArray a, b;
     EXPECT_DEATH(region.toRunLengthEncodeing(nullptr, &a, &b), "ASSERT");
     EXPECT_DEATH(region.toRunLengthEncodeing(&a, nullptr, &b), "ASSERT");
@@ -267,7 +267,7 @@ TEST(Region, ToBinImageAnswersFalseAndWritesNothing)
     unsigned char pixels[] = {0, 255, 255, 7};
     KDRImage image(pixels, 2, 2, 1, 0, KDRImage::DataTypeUInt8);
     unsigned char const* const before = image.dataPtr();
-    KDRRegion const region = regionOf(someRuns, 10, 20);
+    KDRRegion region = regionOf(someRuns, 10, 20);
     EXPECT_FALSE(region.toBinImage(&image));
     EXPECT_FALSE(region.toBinImage(nullptr));
     EXPECT_EQ(image.dataPtr(), before);

@@ -47,7 +47,7 @@ TEST(RegionMemory, ARegionThatCannotBeReplacedStaysWhatItWas)
 
 TEST(RegionMemory, ListsThatCannotBeWrittenAreLeftEmpty)
 {
-    KDRRegion const region = regionOf(newRuns, 10, 20);
+    KDRRegion region = regionOf(newRuns, 10, 20);
     RunLists lists;
     failAtEveryAllocation(
         [&] { region.toRunLengthEncodeing(&lists.rows, &lists.firsts, &lists.lasts); },
@@ -122,7 +122,7 @@ TEST(RegionMemory, CopyingCostsTheSameForManyRunsAsForFew)
 TEST(RegionMemory, WritingListsAllocatesWhatTheyHoldAndLittleMore)
 {
     constexpr long runs = 3000;
-    KDRRegion const region = regionOf(rowsOfPixels(runs));
+    KDRRegion region = regionOf(rowsOfPixels(runs));
     RunLists lists;
     long const before = allocations::made();
     region.toRunLengthEncodeing(&lists.rows, &lists.firsts, &lists.lasts);

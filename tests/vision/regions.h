@@ -43,7 +43,7 @@ inline KDRRegion regionOf(Runs const& runs, int width = -1, int height = -1)
     return region;
 }
 
-inline Runs runsOf(KDRRegion const& region)
+inline Runs runsOf(KDRRegion region)
 {
     RunLists lists;
     EXPECT_TRUE(region.toRunLengthEncodeing(&lists.rows, &lists.firsts, &lists.lasts));

@@ -144,6 +144,16 @@ TEST_F(RegionArraySeam, CopiesGoThroughTheCoreArraysCopyConstruction)
     EXPECT_EQ(VelRegion::calls, (Calls{"array copy", "array operator="}));
 }
 
+TEST_F(RegionArraySeam, AnyIndexIsPassedToTheCoreArray)
+{
+    KDRRegionArray const array;
+    for (int const index : {0, 2, 3, -1, INT_MIN, INT_MAX}) {
+        VelRegion::calls.clear();
+        (void)array[index];
+        EXPECT_EQ(VelRegion::calls.at(0), "operator[] " + std::to_string(index));
+    }
+}
+
 TEST_F(RegionArraySeam, IndexReadAssignsTheCoreElement)
 {
     KDRRegionArray const regions;

@@ -1,7 +1,6 @@
 // Every generator against every getter, on the handle and on the record, and the model of both.
 
 #include <kdrdata/vision/kdrshape.h>
-#include <kdrdata/vision/kdrshapekind.h>
 #include <kdrdata/vision/kdrshapeprivate.h>
 
 #include <gtest/gtest.h>
@@ -112,7 +111,7 @@ TYPED_TEST(ShapeTable, AGeneratorOnAnUnsharedShapeWritesOnlyTheFieldsOfItsKind)
         ASSERT_EQ(shape.shapeType(), fields.kind) << generator.name;
         for (auto const& getter : shapeGetters<TypeParam>) {
             SCOPED_TRACE(testing::Message() << generator.name << ", " << getter.name);
-            if (getter.kind == ShapeKindCurveLine && fields.points.length() < 3)
+            if (getter.kind == KDRShape::CurveLine && fields.points.length() < 3)
                 continue;
             ShapeAccess::kind(recordOf(shape)) = getter.kind;
             ShapeValues expected;
@@ -200,7 +199,7 @@ TYPED_TEST(ShapeTable, ACurveReplacesTheWholeListOfPoints)
     TypeParam shape;
     shape.fromPolygon(in.points);
     shape.fromCurveLine(in.first, in.second, in.third);
-    ShapeAccess::kind(recordOf(shape)) = ShapeKindPolygon;
+    ShapeAccess::kind(recordOf(shape)) = KDRShape::Polygon;
     KDRPointArray points;
     ASSERT_TRUE(shape.toPolygon(&points));
     ASSERT_EQ(points.length(), 3);
@@ -218,27 +217,36 @@ TEST(Shape, IsOnePointerWideAndWithoutBaseOrVirtuals)
 
 TEST(Shape, KindCodesAreFixed)
 {
-    EXPECT_EQ(ShapeKindPoint, 0u);
-    EXPECT_EQ(ShapeKindRect1, 1u);
-    EXPECT_EQ(ShapeKindCircle, 2u);
-    EXPECT_EQ(ShapeKindTorus, 3u);
-    EXPECT_EQ(ShapeKindRect2, 4u);
-    EXPECT_EQ(ShapeKindLine, 5u);
-    EXPECT_EQ(ShapeKindEllipse, 6u);
-    EXPECT_EQ(ShapeKindArc, 7u);
-    EXPECT_EQ(ShapeKindPolygon, 8u);
-    EXPECT_EQ(ShapeKindIrregular, 9u);
-    EXPECT_EQ(ShapeKindRegion, 10u);
-    EXPECT_EQ(ShapeKindText, 11u);
-    EXPECT_EQ(ShapeKindArrow, 12u);
-    EXPECT_EQ(ShapeKindContours, 13u);
-    EXPECT_EQ(ShapeKindRect2Matrix, 14u);
-    EXPECT_EQ(ShapeKindCircleMatrix, 15u);
-    EXPECT_EQ(ShapeKindPolyLine, 16u);
-    EXPECT_EQ(ShapeKindCurveLine, 17u);
-    EXPECT_EQ(ShapeKindAnyPolygon, 18u);
-    EXPECT_EQ(ShapeKindEmpty, 99u);
-    EXPECT_EQ(ShapeKindText3D, 120u);
+    EXPECT_EQ(KDRShape::Point, 0u);
+    EXPECT_EQ(KDRShape::Rect1, 1u);
+    EXPECT_EQ(KDRShape::Circle, 2u);
+    EXPECT_EQ(KDRShape::Torus, 3u);
+    EXPECT_EQ(KDRShape::Rect2, 4u);
+    EXPECT_EQ(KDRShape::Line, 5u);
+    EXPECT_EQ(KDRShape::Ellipse, 6u);
+    EXPECT_EQ(KDRShape::Arc, 7u);
+    EXPECT_EQ(KDRShape::Polygon, 8u);
+    EXPECT_EQ(KDRShape::Irregular, 9u);
+    EXPECT_EQ(KDRShape::Region, 10u);
+    EXPECT_EQ(KDRShape::Text, 11u);
+    EXPECT_EQ(KDRShape::Arrow, 12u);
+    EXPECT_EQ(KDRShape::Contours, 13u);
+    EXPECT_EQ(KDRShape::Rect2Matrix, 14u);
+    EXPECT_EQ(KDRShape::CircleMatrix, 15u);
+    EXPECT_EQ(KDRShape::PolyLine, 16u);
+    EXPECT_EQ(KDRShape::CurveLine, 17u);
+    EXPECT_EQ(KDRShape::AnyPolygon, 18u);
+    EXPECT_EQ(KDRShape::Empty, 99u);
+    EXPECT_EQ(KDRShape::Text3D, 120u);
+}
+
+TEST(Shape, KindsHaveOneTypeInsideAndOutsideOfTheClass)
+{
+    static_assert(std::is_same<KDRShapeKind, KDRShape::KDRShapeKind>::value, "");
+    static_assert(std::is_same<std::underlying_type<KDRShapeKind>::type, unsigned int>::value, "");
+    EXPECT_EQ(KDRShapeKind::Circle, KDRShape::Circle);
+    EXPECT_EQ(KDRShape::KDRShapeKind::Circle, KDRShape::Circle);
+    EXPECT_EQ(KDRShape().shapeType(), KDRShapeKind::Empty);
 }
 
 TEST(Shape, TheTableHasEveryGeneratorAndGetter)

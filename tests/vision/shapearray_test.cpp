@@ -24,7 +24,7 @@ struct ShapeArrayTraits
         shape.fromCircle(centre, number + 0.5);
         return shape;
     }
-    static bool isDefault(KDRShape const& value) { return value.shapeType() == ShapeKindEmpty; }
+    static bool isDefault(KDRShape const& value) { return value.shapeType() == KDRShape::Empty; }
     static int read(KDRShape const& shape)
     {
         KDRPoint centre;

@@ -143,7 +143,7 @@ TEST(ShapeSharing, AGeneratorOnASharedRecordStartsFromAFreshDefaultOne)
             SCOPED_TRACE(getter.name);
             for (bool const ofKeeper : {true, false}) {
                 ShapeFields const& model = ofKeeper ? kept : fields;
-                if (getter.kind == ShapeKindCurveLine && model.points.length() < 3)
+                if (getter.kind == KDRShape::CurveLine && model.points.length() < 3)
                     continue;
                 KDRShape const& shape = ofKeeper ? keeper : writer;
                 ShapeAccess::kind(ShapeAccess::record(shape)) = getter.kind;

@@ -26,14 +26,29 @@
 /// The class cannot be made from these arguments.
 #define REFUSES(...) static_assert(!std::is_constructible<__VA_ARGS__>::value, #__VA_ARGS__)
 
-/// The class has no one operation of this name.
+/// The class has no operation of this name, overloaded or not, public or not.
 #define LACKS(Class, name)                                                                         \
-    static_assert(                                                                                 \
-        !signatures::answers<Class>(                                                               \
-            [](auto* object) -> decltype(&std::remove_pointer_t<decltype(object)>::name) {         \
-                return nullptr;                                                                    \
-            }),                                                                                    \
-        #Class "::" #name)
+    JOINED(Class, name);                                                                           \
+    static_assert(!HAS(Class, name), #Class "::" #name)
+
+/// Whether the class has a member of this name, which JOINED() was told before: joined with another
+/// class that has one too, the name is then ambiguous, whatever and how many the members are.
+#define HAS(Class, name)                                                                           \
+    (!signatures::answers<signatures::Class##_##name>(                                             \
+        [](auto* object) -> decltype(&std::remove_pointer_t<decltype(object)>::name) {             \
+            return nullptr;                                                                        \
+        }))
+#define JOINED(Class, name)                                                                        \
+    namespace signatures {                                                                         \
+    struct With_##Class##_##name                                                                   \
+    {                                                                                              \
+        int name;                                                                                  \
+    };                                                                                             \
+    struct Class##_##name : Class, With_##Class##_##name                                           \
+    {                                                                                              \
+    };                                                                                             \
+    }                                                                                              \
+    static_assert(true, "takes the semicolon")
 
 namespace signatures {
 

@@ -380,5 +380,10 @@ static_assert(
 // The conversions that the classes do not have.
 LACKS(KDRString, toInt);
 LACKS(KDRString, toShort);
+LACKS(KDRString, number);
+LACKS(KDRString, toUcs4);
 LACKS(KDRBuffer, toInt);
+LACKS(KDRBuffer, toDouble);
 LACKS(KDRBuffer, toHex);
+LACKS(KDRBuffer, setNum);
+LACKS(KDRBuffer, number);

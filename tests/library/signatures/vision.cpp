@@ -110,7 +110,7 @@ MEMBER(KDRMatrix, KDRMatrix&, operator=, (KDRMatrix const&));
 MEMBER(KDRMatrix, int, setMatrix, (int, int, KDRMatrix::KDRMatrixType));
 MEMBER(KDRMatrix, int, rows, () const);
 MEMBER(KDRMatrix, int, cols, () const);
-MEMBER(KDRMatrix, int, type, () const);
+MEMBER(KDRMatrix, KDRMatrix::KDRMatrixType, type, () const);
 MEMBER(KDRMatrix, void*, dataPtr, ());
 MEMBER(KDRMatrix, bool, select, (int, int, KDRNumber*) const);
 MEMBER(KDRMatrix, bool, replace, (int, int, KDRNumber&));
@@ -192,11 +192,11 @@ MEMBER(KDRRegion, KDRRegion&, operator=, (KDRRegion const&));
 MEMBER(KDRRegion, int, width, ());
 MEMBER(KDRRegion, int, height, ());
 MEMBER(KDRRegion, void, fromBinImage, (KDRImage&));
-MEMBER(KDRRegion, bool, toBinImage, (KDRImage*) const);
+MEMBER(KDRRegion, bool, toBinImage, (KDRImage*));
 MEMBER(KDRRegion, void, fromRunLengthEncodeing,
        (KDRNumberArray&, KDRNumberArray&, KDRNumberArray&, int, int));
 MEMBER(KDRRegion, bool, toRunLengthEncodeing,
-       (KDRNumberArray*, KDRNumberArray*, KDRNumberArray*) const);
+       (KDRNumberArray*, KDRNumberArray*, KDRNumberArray*));
 
 MADE_FROM(KDRRegionArray);
 MADE_FROM(KDRRegionArray, KDRRegionArray const&);
@@ -211,7 +211,7 @@ MEMBER(KDRRegionArray, bool, insert, (int, KDRRegion const&));
 MEMBER(KDRRegionArray, void, clear, ());
 MEMBER(KDRRegionArray, bool, swap, (int, int));
 MEMBER(KDRRegionArray, KDRRegion, operator[], (int) const);
-MEMBER(KDRRegionArray, void, toUnionedRegion, (KDRRegion*) const);
+MEMBER(KDRRegionArray, void, toUnionedRegion, (KDRRegion*));
 
 MADE_FROM(KDRROIAlignment);
 MADE_FROM(KDRROIAlignment, KDRROIAlignment const&);

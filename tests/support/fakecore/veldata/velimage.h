@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-typedef int VelImageType;
+/// As narrow as a core library may make it: no plain number becomes one by itself.
+enum class VelImageType : int {};
 
 /// A core image that does no work: it writes down each call with its arguments and answers what the
 /// test told it to. It has the operations that the library is built on and no others.
@@ -18,17 +19,17 @@ public:
         return *this;
     }
     VelImage() = default;
-    VelImage(VelImage const&) = default;
+    VelImage(VelImage const&) = delete;
 
     int CreateImage(unsigned char* data, int width, int height, int channels, int step,
                     VelImageType type)
     {
         note("CreateImage " + std::string(data ? "data" : "null"));
-        for (int const argument : {width, height, channels, step, type})
+        for (int const argument : {width, height, channels, step, static_cast<int>(type)})
             calls.back() += ' ' + std::to_string(argument);
         return answer;
     }
-    VelImage DeepCopy() const
+    VelImage const& DeepCopy() const
     {
         note("DeepCopy");
         return *this;

@@ -6,7 +6,8 @@
 
 #include <veldata/velvar.h>
 
-typedef int VelDataType;
+/// As narrow as a core library may make it: no plain number becomes one by itself.
+enum class VelDataType : int {};
 
 /// A core matrix that does no work: it writes down each call that changes or copies something, with
 /// its arguments, and answers what the test told it to. It has the operations that the library is
@@ -17,7 +18,7 @@ public:
     VelMatrix() { ++alive; }
     VelMatrix(int newRows, int newColumns, VelDataType newType) : VelMatrix()
     {
-        note("sized", newRows, newColumns, newType);
+        note("sized", newRows, newColumns, static_cast<int>(newType));
     }
     VelMatrix(VelMatrix const&) = delete;
     ~VelMatrix() { --alive; }
@@ -37,12 +38,12 @@ public:
     }
     int SetMatrix(int newRows, int newColumns, VelDataType newType)
     {
-        note("SetMatrix", newRows, newColumns, newType);
+        note("SetMatrix", newRows, newColumns, static_cast<int>(newType));
         return answer;
     }
     int Rows() const { return rows; }
     int Cols() const { return columns; }
-    VelDataType Type() const { return type; }
+    VelDataType Type() const { return static_cast<VelDataType>(type); }
     void* MatrixData() const { return data; }
     int Select(int row, int column, VelVar* value) const
     {
@@ -63,7 +64,7 @@ public:
 
     int rows = 2;
     int columns = 3;
-    VelDataType type = 0;
+    int type = 0;
     void* data = nullptr;
     /// What an element is read as, and what it was last written with.
     VelVar element;

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# usage: packages.sh DIRECTORY_OF_PACKAGES
+# The Debian packages break no rule of the distribution, and what they lay down is all that a
+# program needs: unpacked beside the system, they are found, linked and run.
+set -euo pipefail
+packages=$1
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+
+lintian --fail-on error "$packages"/*.deb
+
+work=$(mktemp --directory)
+trap 'rm -rf "$work"' EXIT
+for package in "$packages"/*.deb; do
+    dpkg-deb --extract "$package" "$work/root"
+done
+cmake -S "$here/find_package" -B "$work/build" "-DCMAKE_PREFIX_PATH=$work/root/usr"
+cmake --build "$work/build"
+# The loader does not look into this root, and the packaged libraries carry no paths.
+LD_LIBRARY_PATH=$(dirname "$(find "$work/root" -name 'libKDRData.so')") "$work/build/consumer"
+
+test -f "$work/root/usr/share/doc/libkdrdata-doc/html/index.html"
