@@ -258,7 +258,7 @@ void vision(std::vector<Curve>& curves)
                          [](RunLists& lists) { return lists.region(); })});
     curves.push_back({"vision", "region to runs", "run", 1.0,
                       on([](int size) { return RunLists(size).region(); },
-                         [](KDRRegion const& region) {
+                         [](KDRRegion& region) {
                              RunLists lists(0);
                              region.toRunLengthEncodeing(&lists.lists[0], &lists.lists[1],
                                                          &lists.lists[2]);
@@ -309,7 +309,7 @@ void unions(std::vector<Curve>& curves)
                               }
                               return blobs;
                           },
-                          [](KDRRegionArray const& blobs) {
+                          [](KDRRegionArray& blobs) {
                               KDRRegion all;
                               blobs.toUnionedRegion(&all);
                               return all;

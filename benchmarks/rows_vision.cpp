@@ -230,10 +230,10 @@ void runLists(ratio::Table& table)
 {
     constexpr long count = 10000;
     Runs const runs = sortedRuns(count);
-    KDRRegion const region = runs.region();
+    KDRRegion region = runs.region();
     auto const last = static_cast<Checksum>(runs.columns[2].back());
     table.row("region", "run lists of 10^4 runs out of a region")
-        .ours([region](std::size_t times) {
+        .ours([region](std::size_t times) mutable {
             Checksum sum = 0;
             for (std::size_t i = 0; i < times; ++i) {
                 KDRNumberArray lists[3];
@@ -311,14 +311,14 @@ void unite(Mask& all, Mask const& mask)
         all[i] = static_cast<unsigned char>(all[i] | mask[i]);
 }
 
-KDRRegion united(KDRRegionArray const& regions)
+KDRRegion united(KDRRegionArray& regions)
 {
     KDRRegion all;
     regions.toUnionedRegion(&all);
     return all;
 }
 
-Mask maskOf(KDRRegion const& region)
+Mask maskOf(KDRRegion region)
 {
     KDRNumberArray lists[3];
     region.toRunLengthEncodeing(&lists[0], &lists[1], &lists[2]);
@@ -365,7 +365,7 @@ void unions(ratio::Table& table)
     if (maskOf(united(few)) != all)
         throw std::logic_error("the union of regions differs from that of masks");
     table.row("region", "union of 10^3 regions of 10^3 runs")
-        .ours([regions](std::size_t times) {
+        .ours([regions](std::size_t times) mutable {
             for (std::size_t i = 0; i < times; ++i) {
                 KDRRegion made = united(regions);
                 escape(made);
@@ -423,7 +423,7 @@ void outlines(ratio::Table& table)
                 convert.ShapeToROI(shape, &roi);
                 convert.ROIToShape(roi, &back);
                 escape(back);
-                sum += back.shapeType() == ShapeKindPolygon ? 1 : 0;
+                sum += back.shapeType() == KDRShape::Polygon ? 1 : 0;
             }
             return sum;
         })

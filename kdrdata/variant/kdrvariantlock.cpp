@@ -1,5 +1,6 @@
 #include <kdrdata/variant/kdrvariantlock.h>
 
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
@@ -26,7 +27,9 @@ KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW
 #undef KDR_DEFINE_CONSTRUCTOR
 
-KDRVariantLock::~KDRVariantLock() { d->decRef(); }
+KDRVariantLock::KDRVariantLock(Store) noexcept : m_mutex(QMutex::NonRecursive), d(nullptr) {}
+
+KDRVariantLock::~KDRVariantLock() { KDRInternal::giveUp(d); }
 
 void KDRVariantLock::lock() { m_mutex.lock(); }
 void KDRVariantLock::unlock() { m_mutex.unlock(); }
