@@ -128,24 +128,10 @@ void replaceAll(QString& text, QString before, QString after, Qt::CaseSensitivit
     text.swap(edited);
 }
 
-// Whether a text that replaces matches takes up what groups have captured. Qt then edits match by
-// match and overflows nowhere.
-bool takesUpCaptures(QString const& after, int groups)
-{
-    for (int i = after.indexOf('\\'); i >= 0 && i + 1 < after.size();
-         i = after.indexOf('\\', i + 1)) {
-        int const group = after.at(i + 1).digitValue();
-        if (group > 0 && group <= groups)
-            return true;
-    }
-    return false;
-}
-
 // Throws std::bad_alloc where replacing what an expression matches makes too many units.
 void matchesMustFit(QString const& text, QRegExp const& rx, QString const& after)
 {
-    if (text.size() + (text.size() + 1LL) * after.size() <= INT_MAX ||
-        takesUpCaptures(after, rx.captureCount()))
+    if (text.size() + (text.size() + 1LL) * after.size() <= INT_MAX)
         return;
     QRegExp counter(rx.pattern(), rx.caseSensitivity(), rx.patternSyntax());
     counter.setMinimal(rx.isMinimal());

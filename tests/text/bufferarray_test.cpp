@@ -106,4 +106,15 @@ TEST(BufferArray, JoinBeyondAnIntThrowsBeforeItReadsAByte)
     EXPECT_THROW(array.join(), std::bad_alloc);
 }
 
+TEST(BufferArrayJoin, OfNullBuffersIsNullAndOfAnEmptyOneEmpty)
+{
+    KDRBufferArray buffers;
+    buffers.push_back(KDRBuffer());
+    buffers.push_back(KDRBuffer());
+    EXPECT_TRUE(buffers.join().isNull());
+    buffers.push_back(KDRBuffer(""));
+    EXPECT_FALSE(buffers.join().isNull());
+    EXPECT_TRUE(buffers.join().isEmpty());
+}
+
 } // namespace

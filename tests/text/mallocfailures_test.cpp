@@ -11,6 +11,14 @@
 
 #include <new>
 
+// A leak checker asks for this: Qt's own copy constructor of an expression forgets what it has made
+// when memory runs out.
+extern "C" char const* __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier)
+extern "C" char const* __lsan_default_suppressions()  // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:QRegExp::QRegExp\n";
+}
+
 namespace {
 
 // More occurrences than Qt replaces at a time, in texts and in bytes.
@@ -244,9 +252,17 @@ TEST(MallocFailures, LeaveTheArraysAsTheyWere)
 TEST(MallocFailures, LeaveNoHolderWithoutItsText)
 {
     KDRString const text("some %1");
-    for (int successes = 0; successes < 2; ++successes) {
+    bool failed = true;
+    for (int successes = 0; failed; ++successes) {
         mallocfailures::FailAfter few(successes);
-        EXPECT_THROW(text.toUpper(), std::bad_alloc) << successes;
+        bool thrown = false;
+        try {
+            text.toUpper();
+        } catch (std::bad_alloc const&) {
+            thrown = true;
+        }
+        failed = few.failed();
+        EXPECT_EQ(thrown, failed) << successes;
     }
     EXPECT_EQ(text.toUpper(), KDRString("SOME %1"));
 }

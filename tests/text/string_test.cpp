@@ -230,4 +230,16 @@ TEST(String, ArgWithoutAMarkerGivesTheTextAsItIs)
     EXPECT_EQ(KDRString("none").arg(1.5), KDRString("none"));
 }
 
+TEST(StringComparison, UnequalTellsCasesApartInEveryForm)
+{
+    KDRString const text("part");
+    EXPECT_TRUE(text != KDRString("Part"));
+    EXPECT_TRUE(text != "Part");
+    EXPECT_TRUE(text != KDRBuffer("Part"));
+    EXPECT_FALSE(text == KDRString("Part"));
+    EXPECT_FALSE(text != KDRString("part"));
+    EXPECT_FALSE(text != "part");
+    EXPECT_FALSE(text != KDRBuffer("part"));
+}
+
 } // namespace
