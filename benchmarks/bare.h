@@ -8,7 +8,7 @@
 
 /// The floor: the heap objects and the uncontended lock operations that the library's values must
 /// have, written bare and inline. What no caller, thread or pointer can see is left out: the lock
-/// of a handle that nobody knows yet, and that of a store that was never shared.
+/// of a store that was never shared, a store that a copy would make only to give it up.
 namespace bare {
 
 /// What a number keeps behind its one pointer.
@@ -100,9 +100,11 @@ public:
     }
     Variant(Variant const& other) : d(new Lock)
     {
+        d->mutex.lock();
         other.d->mutex.lock();
         d->store = other.d->store;
         d->store->share();
+        d->mutex.unlock();
         other.d->mutex.unlock();
     }
     Variant& operator=(Variant const& other)

@@ -14,6 +14,7 @@ void ofTexts(ratio::Table& table);
 void ofVision(ratio::Table& table);
 void ofThreads(ratio::Table& table);
 void ofLoading(ratio::Table& table);
+void ofAllocation(ratio::Table& table);
 
 } // namespace rows
 
