@@ -1,50 +1,74 @@
 #ifndef VELDATA_VELCODEC_P_H
 #define VELDATA_VELCODEC_P_H
 
+#include <cstddef>
 #include <cstdint>
 
-#include <veldata/velfile_p.h>
+#include <veldata/velpixels_p.h>
 
-/// The checks that the contents of an image file pass before they are decoded.
+class VelInput;
+class VelOutput;
+
+/// The formats of picture files.
 ///
-/// OpenCV and the libraries below it answer a damaged file with a half-grey picture, or with a
-/// message on the console, or both. So every file is first read to its end here, in silence and
-/// with little memory: a prepare function answers whether the bytes hold one complete, undamaged
-/// picture of a variant that OpenCV decodes without changing the values, and takes out of them what
-/// could only do harm. The bytes are unspecified where it answers false. May throw std::bad_alloc.
+/// A format is one row of a table and a file with its two functions. Reading answers new pixels,
+/// counted once, or null for what is not one complete, undamaged picture; writing answers whether
+/// everything went out. Neither throws nor prints, and both jump out of the picture libraries only
+/// over frames without destructors.
 namespace velcodec {
 
-using velfile::Bytes;
-
-/// Whether OpenCV decodes a picture of this size: it stops at 2^20 pixels along a side and at 2^30
-/// in all.
-constexpr bool isDecodableSize(std::int64_t width, std::int64_t height) noexcept
+/// Some element types and numbers of channels, as sets of bits by their number.
+struct Kinds
 {
-    constexpr std::int64_t maxSide = std::int64_t{1} << 20;
-    constexpr std::int64_t maxPixels = std::int64_t{1} << 30;
-    return width > 0 && height > 0 && width <= maxSide && height <= maxSide &&
-           width * height <= maxPixels;
-}
+    unsigned types;
+    unsigned channels;
+};
 
-/// Uncompressed Windows bitmaps of 1, 4, 8, 16, 24 and 32 bits per pixel.
-bool prepareBmp(Bytes& bytes);
+struct Format
+{
+    /// What its files begin with; null behind the last one.
+    char const* signatures[5];
+    std::size_t signatureSize;
+    /// Of the file names it is written to, in small letters; null behind the last one.
+    char const* extensions[3];
+    /// What it holds unchanged, JPEG up to its compression: all combinations of each entry.
+    Kinds kinds[2];
+    int maxSide;
+    VelPixels* (*read)(VelInput const& input);
+    bool (*write)(VelPixels const& pixels, int effort, VelOutput& output);
 
-/// JPEG pictures that libjpeg decodes without a warning.
-bool prepareJpeg(Bytes& bytes);
+    /// Whether a file of this format holds such pixels.
+    bool holds(VelGeometry const& geometry) const noexcept;
+};
 
-/// PNG pictures that libpng decodes without a warning; every chunk without a bearing on the pixels
-/// is taken out.
-bool preparePng(Bytes& bytes);
+/// The format that a file begins like, or null.
+Format const* formatOf(VelInput const& input) noexcept;
 
-/// Portable bit, grey and pixel maps, ASCII and binary (P1 to P6); an ASCII one becomes binary.
-bool preparePnm(Bytes& bytes);
+/// The format of the extension of the file name @p path, in any case, or null.
+Format const* formatNamed(char const* path) noexcept;
 
-/// TIFF files whose first directory holds an uncompressed or losslessly compressed picture; its
-/// orientation and its kind of alpha are set to those that leave the values alone.
-bool prepareTiff(Bytes& bytes);
+/// Whether pixels of this geometry are within the limits of what is read and written.
+bool isWithinLimits(VelGeometry const& geometry) noexcept;
 
-/// The check for the format that the bytes begin like; false for any other.
-bool prepare(Bytes& bytes);
+/// Pixels of any value for a picture that is being read, or null where it is beyond the limits or
+/// there is no memory for them.
+VelPixels* newPixels(std::uint64_t width, std::uint64_t height, int channels, int type) noexcept;
+
+/// The same with zeros, for a library that may leave some of them as they are.
+VelPixels* newBlankPixels(std::uint64_t width, std::uint64_t height, int channels,
+                          int type) noexcept;
+
+VelPixels* readBmp(VelInput const& input);
+VelPixels* readJpeg(VelInput const& input);
+VelPixels* readPng(VelInput const& input);
+VelPixels* readPnm(VelInput const& input);
+VelPixels* readTiff(VelInput const& input);
+
+bool writeBmp(VelPixels const& pixels, int effort, VelOutput& output);
+bool writeJpeg(VelPixels const& pixels, int effort, VelOutput& output);
+bool writePng(VelPixels const& pixels, int effort, VelOutput& output);
+bool writePnm(VelPixels const& pixels, int effort, VelOutput& output);
+bool writeTiff(VelPixels const& pixels, int effort, VelOutput& output);
 
 } // namespace velcodec
 

@@ -89,8 +89,8 @@ public:
     /// The format (PNG, JPEG, TIFF, BMP, PNM) is recognised by the contents, not the name. @p path
     /// is any zero-terminated byte string the file system takes. Answers 0, with the image as it
     /// was, for a null or empty path, for what is not a readable regular file below 2 GiB, for a
-    /// picture that is truncated, damaged, over 2^30 pixels or 2^20 pixels along one side, and when
-    /// memory runs out.
+    /// picture that is truncated, damaged, over 1 GiB of pixels or 2^20 pixels along one side, and
+    /// when memory runs out.
     int ReadImage(char const* path) noexcept;
 
     /// Writes the image to a file, completely or not at all; what was in the file before is kept on
@@ -100,11 +100,12 @@ public:
     /// tif,
     ///             tiff, bmp, pgm (one channel), ppm (three channels), pnm
     /// @param effort from 0, fastest, to 9, smallest; values outside are moved to the nearer end.
-    ///               PNG: the compression level. JPEG: a quality of 100 - 5 * effort. TIFF:
-    ///               uncompressed for 0, losslessly compressed otherwise. BMP and PNM ignore it.
+    ///               PNG: 0 uncompressed, up to 6 quick, above thorough. JPEG: a quality of 100 - 5
+    ///               * effort. TIFF: uncompressed for 0, losslessly compressed otherwise. BMP and
+    ///               PNM ignore it.
     /// @return 1, or 0 for the empty image, a null or empty path, another or no extension, an
-    ///         element type or number of channels that the format cannot hold, pixels of 2 GiB and
-    ///         more or of more than 2^20 along one side, a path that cannot be written, and when
+    ///         element type or number of channels that the format cannot hold, more than 1 GiB of
+    ///         pixels or 2^20 along one side, a path that cannot be written, and when
     ///         memory runs out
     int SaveImage(char const* path, int effort) const noexcept;
 

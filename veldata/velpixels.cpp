@@ -54,6 +54,21 @@ VelPixels::VelPixels(VelGeometry const& pixelGeometry, unsigned char* block) noe
 
 VelPixels::~VelPixels() { std::free(data); }
 
+VelPixels* VelPixels::adopt(void* block, VelGeometry const& geometry) noexcept
+{
+    auto* const pixels = block ? new (std::nothrow)
+                                     VelPixels(geometry, static_cast<unsigned char*>(block))
+                               : nullptr;
+    if (!pixels)
+        std::free(block);
+    return pixels;
+}
+
+VelPixels* VelPixels::create(VelGeometry const& geometry) noexcept
+{
+    return geometry.isValid() ? adopt(std::malloc(geometry.bytes()), geometry) : nullptr;
+}
+
 VelPixels* VelPixels::create(unsigned char const* data, VelGeometry const& geometry,
                              int step) noexcept
 {
@@ -61,25 +76,20 @@ VelPixels* VelPixels::create(unsigned char const* data, VelGeometry const& geome
         return nullptr;
     // calloc hands out zeroed pages without touching them, so that a huge blank image costs nothing
     // until it is written.
-    void* const block = data ? std::malloc(geometry.bytes()) : std::calloc(geometry.bytes(), 1);
-    if (!block)
+    if (!data)
+        return adopt(std::calloc(geometry.bytes(), 1), geometry);
+    VelPixels* const pixels = create(geometry);
+    if (!pixels)
         return nullptr;
-    auto* const pixels = new (std::nothrow) VelPixels(geometry, static_cast<unsigned char*>(block));
-    if (!pixels) {
-        std::free(block);
-        return nullptr;
+    auto const rowBytes = static_cast<std::size_t>(geometry.rowBytes());
+    auto const rowStep = step == 0 ? rowBytes : static_cast<std::size_t>(step);
+    // One call for a block without gaps: for a large one memcpy then passes the cache by.
+    if (rowStep == rowBytes) {
+        std::memcpy(pixels->data, data, geometry.bytes());
+        return pixels;
     }
-    if (data) {
-        auto const rowBytes = static_cast<std::size_t>(geometry.rowBytes());
-        auto const rowStep = step == 0 ? rowBytes : static_cast<std::size_t>(step);
-        // One call for a block without gaps: for a large one memcpy then passes the cache by.
-        if (rowStep == rowBytes) {
-            std::memcpy(pixels->data, data, geometry.bytes());
-            return pixels;
-        }
-        for (std::size_t row = 0; row < static_cast<std::size_t>(geometry.height); ++row)
-            std::memcpy(pixels->data + row * rowBytes, data + row * rowStep, rowBytes);
-    }
+    for (std::size_t row = 0; row < static_cast<std::size_t>(geometry.height); ++row)
+        std::memcpy(pixels->data + row * rowBytes, data + row * rowStep, rowBytes);
     return pixels;
 }
 

@@ -35,6 +35,10 @@ public:
     static VelPixels* create(unsigned char const* data, VelGeometry const& geometry,
                              int step) noexcept;
 
+    /// New pixels of any value, counted once, or null: for an invalid geometry and when memory runs
+    /// out. A huge block costs no memory until it is written.
+    static VelPixels* create(VelGeometry const& geometry) noexcept;
+
     VelPixels(VelPixels const&) = delete;
     VelPixels& operator=(VelPixels const&) = delete;
 
@@ -48,6 +52,9 @@ public:
     unsigned char* const data;
 
 private:
+    /// Takes over @p block, which has room for the pixels; null if there is no memory for the rest.
+    static VelPixels* adopt(void* block, VelGeometry const& geometry) noexcept;
+
     VelPixels(VelGeometry const& pixelGeometry, unsigned char* block) noexcept;
     ~VelPixels();
 

@@ -17,6 +17,7 @@ struct Png
     int bits = 8;
     bool isInterlaced = false;
     bool hasTransparency = false;
+    std::size_t colours = 0; ///< of a palette; 0 for as many as the bits allow
 
     static constexpr int width = 16;
     static constexpr int height = 9;
@@ -52,10 +53,11 @@ private:
 
     void setPalette(png_structp png, png_infop info) const
     {
-        std::vector<png_color> colours(std::size_t{1} << bits);
-        for (std::size_t i = 0; i < colours.size(); ++i)
-            colours[i] = {static_cast<png_byte>(i), static_cast<png_byte>(255 - i), 9};
-        png_set_PLTE(png, info, colours.data(), static_cast<int>(colours.size()));
+        std::vector<png_color> entries(colours ? colours : std::size_t{1} << bits);
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            entries[i] = {static_cast<png_byte>(i), static_cast<png_byte>(255 - i), 9};
+        png_set_PLTE(png, info, entries.data(), static_cast<int>(entries.size()));
+        png_set_check_for_invalid_index(png, 0);
     }
 
     void setTransparency(png_structp png, png_infop info) const
@@ -136,6 +138,22 @@ TEST(VelImagePng, TransparentColoursBecomeAlpha)
     Png grey;
     grey.hasTransparency = true;
     EXPECT_EQ(readPng(grey).Channels(), 1);
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImagePng, IndexesBeyondThePaletteAreBlack)
+{
+    Console console;
+    for (bool isInterlaced : {false, true}) {
+        Png png;
+        png.colourType = PNG_COLOR_TYPE_PALETTE;
+        png.colours = 40;
+        png.isInterlaced = isInterlaced;
+        cv::Mat const view = viewOf(readPng(png));
+        ASSERT_EQ(view.type(), CV_8UC3);
+        EXPECT_EQ(view.at<cv::Vec3b>(0, 7), cv::Vec3b(9, 220, 35));
+        EXPECT_EQ(view.at<cv::Vec3b>(0, 8), cv::Vec3b(0, 0, 0)); // index 40
+    }
     EXPECT_EQ(console.caught(), "");
 }
 

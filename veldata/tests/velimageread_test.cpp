@@ -169,6 +169,21 @@ TEST(VelImageRead, ValuesOfPortableMapsAreNotRescaled)
     EXPECT_EQ(valuesOf(readBytes(bytesOf("P5 2 1 100\n2d"))), Values({50, 100}));
 }
 
+TEST(VelImageRead, ZerosBeforeANumberOfAPortableMapDoNotCount)
+{
+    Console console;
+    std::string const zeros(20, '0');
+    EXPECT_EQ(valuesOf(readBytes(bytesOf("P2 2 1 255 " + zeros + "12 00000000034"))),
+              Values({12, 34}));
+    EXPECT_EQ(valuesOf(readBytes(bytesOf("P2 2 1 65535 " + zeros + "65535 000000000001"))),
+              Values({65535, 1}));
+    EXPECT_EQ(valuesOf(readBytes(bytesOf("P5 " + zeros + "2 01 0000000255\nab"))),
+              Values({'a', 'b'}));
+    EXPECT_EQ(readBytes(bytesOf("P2 2 1 255 " + zeros + "256 0")).ImageData(), nullptr);
+    EXPECT_EQ(readBytes(bytesOf("P2 2 1 255 " + zeros + "12")).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
 TEST(VelImageRead, BrokenPortableMapsAreRefusedInSilence)
 {
     Console console;
@@ -262,6 +277,46 @@ TEST(VelImageRead, BitmapsOfEveryDepth)
         bitmap.dataSize -= 1;
         EXPECT_EQ(readBytes(bitmap.bytes()).ImageData(), nullptr) << bits;
     }
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// The oldest header has sizes of 16 bits and palettes of three bytes a colour. OpenCV takes such a
+/// picture for a grey one, so that the newer header is the witness.
+TEST(VelImageRead, BitmapsWithTheOldestHeader)
+{
+    Console console;
+    for (unsigned bits : {1u, 4u, 8u, 24u, 32u}) {
+        for (bool isGrey : {false, true}) {
+            SCOPED_TRACE(testing::Message() << bits << " bits, grey " << isGrey);
+            std::size_t const colours = bits <= 8 ? std::size_t{1} << bits : 0;
+            Bitmap bitmap;
+            bitmap.bits = bits;
+            bitmap.dataSize = (5 * bits + 31) / 32 * 4 * 3;
+            bitmap.paletteBytes = 0;
+            Bytes newest = bitmap.bytes();
+            bitmap.headerSize = 12;
+            Bytes oldest = bitmap.bytes();
+            for (std::size_t i = colours; i-- > 0;) {
+                auto const value = static_cast<unsigned char>(255 - i);
+                auto const green = static_cast<unsigned char>(isGrey ? value : i / 2);
+                newest.insert(newest.begin() + 54, {value, green, value, 0});
+                oldest.insert(oldest.begin() + 26, {value, green, value});
+            }
+            newest[10] = static_cast<unsigned char>(54 + 4 * colours);
+            newest[11] = static_cast<unsigned char>((54 + 4 * colours) >> 8);
+            oldest[10] = static_cast<unsigned char>(26 + 3 * colours);
+            oldest[11] = static_cast<unsigned char>((26 + 3 * colours) >> 8);
+            VelImage const image = readBytes(oldest);
+            EXPECT_EQ(image.Channels(), bits <= 8 && isGrey ? 1 : 3);
+            EXPECT_TRUE(same(viewOf(image), decoded(newest)));
+        }
+    }
+    Bitmap high;
+    high.headerSize = 12;
+    high.bits = 16;
+    high.paletteBytes = 0;
+    high.dataSize = 36;
+    EXPECT_EQ(readBytes(high.bytes()).ImageData(), nullptr);
     EXPECT_EQ(console.caught(), "");
 }
 

@@ -1,10 +1,14 @@
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <opencv2/core.hpp>
+#include <sys/resource.h>
 #include <tiffio.h>
 
 #include "console.h"
@@ -25,6 +29,7 @@ struct Tiff
     int orientation = 0;        ///< 0 for none given
     int extraSample = -1;       ///< -1 for none given
     std::uint32_t tileSide = 0; ///< 0 for strips
+    unsigned paletteStep = 257; ///< between two reds; 1 for colours of 8 bits where 16 are meant
 
     void write(std::string const& path) const
     {
@@ -50,7 +55,7 @@ struct Tiff
         if (extraSample >= 0)
             TIFFSetField(tiff, TIFFTAG_EXTRASAMPLES, 1, &extra);
         if (photometric == PHOTOMETRIC_PALETTE)
-            setPalette(tiff);
+            setPalette(tiff, paletteStep);
         if (tileSide)
             writeTiles(tiff);
         else
@@ -59,13 +64,13 @@ struct Tiff
     }
 
 private:
-    static void setPalette(TIFF* tiff)
+    static void setPalette(TIFF* tiff, unsigned step)
     {
         std::vector<std::uint16_t> red(256), green(256), blue(256);
         for (unsigned i = 0; i < 256; ++i) {
-            red[i] = static_cast<std::uint16_t>(i * 257);
-            green[i] = static_cast<std::uint16_t>((255 - i) * 257);
-            blue[i] = 7 * 257;
+            red[i] = static_cast<std::uint16_t>(i * step);
+            green[i] = static_cast<std::uint16_t>((255 - i) * step);
+            blue[i] = static_cast<std::uint16_t>(7 * step);
         }
         TIFFSetField(tiff, TIFFTAG_COLORMAP, red.data(), green.data(), blue.data());
     }
@@ -340,6 +345,93 @@ TEST(VelImageTiff, HostileFieldsAreRefusedInSilence)
                                                  {278, 0}})
         EXPECT_EQ(readBytes(directoryFirst({field})).ImageData(), nullptr)
             << field.tag << " = " << field.value;
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// The bytes behind the strip would do, were they not those of the next one.
+TEST(VelImageTiff, AStripWithTooFewBytesIsRefusedInSilence)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    Tiff().write(path);
+    Bytes bytes = readFile(path);
+    Bytes const counts = {185, 0, 185, 0, 185, 0, 185, 0, 111, 0}; // 5 rows of 37 bytes, and 3
+    auto const at = std::search(bytes.begin(), bytes.end(), counts.begin(), counts.end());
+    ASSERT_NE(at, bytes.end());
+    Console console;
+    EXPECT_NE(readBytes(bytes).ImageData(), nullptr);
+    *at = 184;
+    EXPECT_EQ(readBytes(bytes).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// Fields that would turn or change the picture are passed over where they are of the usual type,
+/// whatever they say.
+TEST(VelImageTiff, MarksOfAnyValueArePassedOverAndOnesOfOtherTypesRefused)
+{
+    constexpr unsigned orientation = 274;
+    constexpr unsigned extraSamples = 338;
+    constexpr unsigned shortType = 3;
+    Console console;
+    VelImage const plain = readBytes(directoryFirst());
+    for (Field const& field : std::vector<Field>{{orientation, 0},
+                                                 {orientation, 1},
+                                                 {orientation, 6},
+                                                 {orientation, 9},
+                                                 {extraSamples, 2},
+                                                 {extraSamples, 3}}) {
+        SCOPED_TRACE(testing::Message() << field.tag << " = " << field.value);
+        Bytes bytes = directoryFirst({field});
+        bool const isHarmless = field.tag == orientation && field.value == 1;
+        EXPECT_EQ(readBytes(bytes).ImageData() != nullptr, isHarmless);
+        constexpr std::size_t lastFieldAt = 10 + 12 * 9;
+        bytes[lastFieldAt + 2] = shortType;
+        EXPECT_TRUE(same(viewOf(readBytes(bytes)), viewOf(plain)));
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// Kilobytes of memory that the process has held at most.
+long peakMemory()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+TEST(VelImageTiff, AFieldOfManyMegabytesCostsNoneOfThem)
+{
+    constexpr std::size_t lastFieldAt = 10 + 12 * 9;
+    constexpr unsigned size = 512U << 20;
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    Bytes bytes = directoryFirst({{65000, 4096}});
+    bytes[lastFieldAt + 2] = 7; // bytes without a meaning
+    for (std::size_t i = 0; i < 4; ++i)
+        bytes[lastFieldAt + 4 + i] = static_cast<unsigned char>(size >> (8 * i));
+    writeFile(path, bytes);
+    std::filesystem::resize_file(path, 4096 + size);
+    long const before = peakMemory();
+    Console console;
+    VelImage image;
+    EXPECT_EQ(image.ReadImage(path.c_str()), 1);
+    EXPECT_EQ(console.caught(), "");
+    EXPECT_LT(peakMemory() - before, 64 * 1024);
+}
+
+TEST(VelImageTiff, PalettesAreWhatOpenCvDecodes)
+{
+    Console console;
+    for (unsigned step : {1u, 7u, 251u, 257u}) {
+        Tiff tiff;
+        tiff.photometric = PHOTOMETRIC_PALETTE;
+        tiff.paletteStep = step;
+        TemporaryDirectory const directory;
+        tiff.write(directory.path("image"));
+        VelImage image;
+        image.ReadImage(directory.path("image").c_str());
+        EXPECT_TRUE(same(viewOf(image), decoded(readFile(directory.path("image"))))) << step;
+    }
     EXPECT_EQ(console.caught(), "");
 }
 

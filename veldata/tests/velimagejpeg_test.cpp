@@ -1,0 +1,177 @@
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <opencv2/core.hpp>
+
+#include <jpeglib.h>
+
+#include "console.h"
+#include "imagefiles.h"
+
+namespace {
+
+/// A JPEG of one colour, 40 x 20, as other programs write them.
+struct Jpeg
+{
+    std::vector<JSAMPLE> colour;
+    J_COLOR_SPACE colours = JCS_CMYK; ///< of the values in the file, too
+    bool hasAdobeMarker = false;
+    bool isProgressive = false;
+
+    static constexpr int width = 40;
+    static constexpr int height = 20;
+
+    Bytes bytes() const
+    {
+        jpeg_compress_struct info = {};
+        jpeg_error_mgr errors = {};
+        info.err = jpeg_std_error(&errors);
+        jpeg_create_compress(&info);
+        unsigned char* memory = nullptr;
+        unsigned long size = 0;
+        jpeg_mem_dest(&info, &memory, &size);
+        info.image_width = width;
+        info.image_height = height;
+        info.input_components = static_cast<int>(colour.size());
+        info.in_color_space = colours;
+        jpeg_set_defaults(&info);
+        jpeg_set_colorspace(&info, colours);
+        jpeg_set_quality(&info, 100, TRUE);
+        info.write_Adobe_marker = hasAdobeMarker ? TRUE : FALSE;
+        if (isProgressive)
+            jpeg_simple_progression(&info);
+        jpeg_start_compress(&info, TRUE);
+        std::vector<JSAMPLE> row;
+        for (int x = 0; x < width; ++x)
+            row.insert(row.end(), colour.begin(), colour.end());
+        JSAMPROW rows[] = {row.data()};
+        for (int y = 0; y < height; ++y)
+            jpeg_write_scanlines(&info, rows, 1);
+        jpeg_finish_compress(&info);
+        jpeg_destroy_compress(&info);
+        Bytes const file(memory, memory + size);
+        std::free(memory);
+        return file;
+    }
+};
+
+VelImage readBytes(Bytes const& bytes)
+{
+    TemporaryDirectory const directory;
+    writeFile(directory.path("image"), bytes);
+    VelImage image;
+    image.ReadImage(directory.path("image").c_str());
+    return image;
+}
+
+/// Whether all pixels are of one colour, up to what the compression changes.
+testing::AssertionResult hasColour(VelImage const& image, cv::Vec3b const& colour)
+{
+    if (image.Width() != Jpeg::width || image.Height() != Jpeg::height || image.Channels() != 3)
+        return testing::AssertionFailure() << "another picture, or none";
+    cv::Mat const expected(Jpeg::height, Jpeg::width, CV_8UC3, cv::Scalar(colour));
+    double const difference = cv::norm(viewOf(image), expected, cv::NORM_INF);
+    return difference <= 2 ? testing::AssertionSuccess()
+                           : testing::AssertionFailure() << "off by " << difference;
+}
+
+struct Ink
+{
+    std::vector<JSAMPLE> inks; ///< cyan, magenta, yellow, black
+    cv::Vec3b colour;          ///< blue, green, red
+};
+
+std::vector<Ink> const inks = {
+    {{0, 0, 0, 0}, {255, 255, 255}},   {{255, 0, 0, 0}, {255, 255, 0}},
+    {{0, 255, 0, 0}, {255, 0, 255}},   {{0, 0, 255, 0}, {0, 255, 255}},
+    {{0, 0, 0, 255}, {0, 0, 0}},       {{0, 0, 0, 55}, {200, 200, 200}},
+    {{100, 0, 0, 0}, {255, 255, 155}},
+};
+
+TEST(VelImageJpeg, InksOfAnyProgramBecomeTheirColours)
+{
+    Console console;
+    for (Ink const& ink : inks) {
+        for (bool isProgressive : {false, true}) {
+            Jpeg jpeg;
+            jpeg.colour = ink.inks;
+            jpeg.isProgressive = isProgressive;
+            EXPECT_TRUE(hasColour(readBytes(jpeg.bytes()), ink.colour)) << ink.colour;
+        }
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageJpeg, InksThatAdobeInvertsBecomeTheirColours)
+{
+    Console console;
+    for (Ink const& ink : inks) {
+        Jpeg jpeg;
+        jpeg.hasAdobeMarker = true;
+        for (JSAMPLE value : ink.inks)
+            jpeg.colour.push_back(static_cast<JSAMPLE>(255 - value));
+        VelImage const image = readBytes(jpeg.bytes());
+        EXPECT_TRUE(hasColour(image, ink.colour)) << ink.colour;
+        EXPECT_TRUE(same(viewOf(image), decoded(jpeg.bytes())));
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageJpeg, InksKeptAsBrightnessAreWhatOpenCvDecodes)
+{
+    Console console;
+    Jpeg jpeg;
+    jpeg.colours = JCS_YCCK;
+    jpeg.hasAdobeMarker = true;
+    jpeg.colour = {90, 100, 170, 220};
+    EXPECT_TRUE(same(viewOf(readBytes(jpeg.bytes())), decoded(jpeg.bytes())));
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
+{
+    Console console;
+    Jpeg jpeg;
+    jpeg.colour = {10, 20};
+    jpeg.colours = JCS_UNKNOWN;
+    EXPECT_EQ(readBytes(jpeg.bytes()).ImageData(), nullptr);
+    jpeg.colour = {10};
+    jpeg.colours = JCS_GRAYSCALE;
+    EXPECT_EQ(readBytes(jpeg.bytes()).Channels(), 1);
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// A flat grey progressive picture, whose last scan, which brings nothing new, comes @p times.
+Bytes flatPicture(int side, int times)
+{
+    Bytes bytes = encoded(".jpg", cv::Mat(side, side, CV_8UC1, cv::Scalar(128)),
+                          {cv::IMWRITE_JPEG_PROGRESSIVE, 1});
+    Bytes const startOfScan = {0xFF, 0xDA};
+    auto const last =
+        std::find_end(bytes.begin(), bytes.end(), startOfScan.begin(), startOfScan.end());
+    Bytes const scan(last, bytes.end() - 2); // all but the end marker
+    bytes.erase(last, bytes.end());
+    for (int i = 0; i < times; ++i)
+        bytes.insert(bytes.end(), scan.begin(), scan.end());
+    bytes.insert(bytes.end(), {0xFF, 0xD9});
+    return bytes;
+}
+
+TEST(VelImageJpeg, FlatPicturesInManyScansAreReadUnlessTheirWorkIsOutOfProportion)
+{
+    Console console;
+    EXPECT_EQ(readBytes(flatPicture(3000, 1)).Width(), 3000);
+    EXPECT_EQ(readBytes(flatPicture(100, 1)).Width(), 100);
+    EXPECT_EQ(readBytes(flatPicture(3000, 300)).ImageData(), nullptr);
+    // All that may follow a picture does not make its scans worth more.
+    Bytes padded = flatPicture(3000, 300);
+    padded.resize(padded.size() + (4 << 20));
+    EXPECT_EQ(readBytes(padded).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
+} // namespace
