@@ -8,6 +8,16 @@ function(kdr_enable_warnings target)
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
 
+option(KDRDATA_COVERAGE "Let the libraries record which of their lines and branches are reached" OFF)
+
+# Only the libraries: the tests are compiled as always.
+function(kdr_record_coverage target)
+    if(KDRDATA_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+        target_link_options(${target} PRIVATE --coverage)
+    endif()
+endfunction()
+
 # A shared library that exports on purpose only: hidden by default, and a linker
 # version script that also keeps weak instantiations of other libraries' templates in.
 function(kdr_exports_only target version_script)
@@ -16,6 +26,14 @@ function(kdr_exports_only target version_script)
         VISIBILITY_INLINES_HIDDEN ON
         LINK_DEPENDS "${version_script}")
     target_link_options(${target} PRIVATE "LINKER:--version-script=${version_script}")
+endfunction()
+
+# Calls from inside a shared library to its own exported functions go straight there and may be
+# inlined, instead of through the dynamic linker's table. Nobody can put a function of theirs in the
+# place of one of the library's for the library's own calls; for calls from outside they still can.
+function(kdr_calls_itself_directly target)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE "LINKER:-Bsymbolic-functions")
 endfunction()
 
 # A GoogleTest executable whose every case is a test of its own process, so that
