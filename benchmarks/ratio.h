@@ -204,6 +204,12 @@ public:
         m_floor = std::move(side);
         return *this;
     }
+    /// The peer does only this share of the work, and its time is counted for the whole.
+    Row& peerShare(double share)
+    {
+        m_peerShare = share;
+        return *this;
+    }
     /// A floor that is made of the peer's time: so many times that, and so many nanoseconds more.
     Row& floorOfPeer(double factor, double nanosecondsMore)
     {
@@ -248,6 +254,7 @@ private:
     Side m_peer;
     Side m_floor;
     double m_units = 1.0;
+    double m_peerShare = 1.0;
     double m_peerFactor = 0.0;
     double m_peerMore = 0.0;
     int m_turns = 0;
@@ -420,8 +427,8 @@ inline void Row::run()
     m_figures.ours = nanoseconds(0);
     std::size_t next = 1;
     if (m_figures.hasPeer) {
-        m_figures.peer = nanoseconds(next);
-        m_figures.toPeer = ratioTo(next);
+        m_figures.peer = nanoseconds(next) / m_peerShare;
+        m_figures.toPeer = ratioTo(next) * m_peerShare;
         ++next;
     }
     if (m_figures.hasFloor) {

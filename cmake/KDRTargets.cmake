@@ -29,6 +29,14 @@ function(kdr_exports_only target version_script)
     target_link_options(${target} PRIVATE "LINKER:--version-script=${version_script}")
 endfunction()
 
+# Calls from inside a shared library to its own exported functions go straight there and may be
+# inlined, instead of through the dynamic linker's table. Nobody can put a function of theirs in the
+# place of one of the library's for the library's own calls; for calls from outside they still can.
+function(kdr_calls_itself_directly target)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE "LINKER:-Bsymbolic-functions")
+endfunction()
+
 # A GoogleTest executable whose every case is a test of its own process, so that
 # process-wide state (the local text codec) cannot leak from one case to the next.
 function(kdr_add_test name)

@@ -80,7 +80,12 @@ int insert(VelList<E>*& list, int index, E const& element)
 template <class E>
 int append(VelList<E>*& list, E const& element)
 {
-    return insert(list, length(list), element);
+    if (!mayGrow(static_cast<std::size_t>(length(list)), 1))
+        return 0;
+    if (!list)
+        list = new VelList<E>;
+    list->items.push_back(element); // which may live in this very list
+    return 1;
 }
 
 template <class E>

@@ -46,6 +46,26 @@ struct KDRInternal
         return copy.release();
     }
 
+    /// Gives up one count of a store. A store that was never shared has one holder, and nobody else
+    /// can reach it, nor be inside it still: it is freed without its mutex. One that was shared
+    /// takes the steps of its `decRef()` even where the count is 1, as whoever gave up the count
+    /// before may not have let go of the mutex yet.
+    template <class Store>
+    static void giveUp(Store* store)
+    {
+        if (store->m_everShared)
+            store->decRef();
+        else
+            delete store;
+    }
+
+    /// The list of points of a shape's record.
+    template <class Record>
+    static auto& points(Record& record) noexcept
+    {
+        return record.m_points;
+    }
+
     /// The owning pointer itself, for tests of null and for exchanging what a handle refers to.
     template <class Handle>
     static auto& pointer(Handle& handle) noexcept

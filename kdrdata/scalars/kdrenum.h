@@ -1,6 +1,8 @@
 #ifndef KDRDATA_KDRENUM_H
 #define KDRDATA_KDRENUM_H
 
+#include <QtCore/qglobal.h>
+
 #include <kdrdata/kdrdata_export.h>
 
 class KDREnumPrivate;
@@ -67,5 +69,8 @@ private:
     friend struct KDRInternal;
     KDREnumPrivate* d;
 };
+
+/// An enumeration may be moved in memory byte by byte, and a QList keeps it in its slots.
+Q_DECLARE_TYPEINFO(KDREnum, Q_MOVABLE_TYPE);
 
 #endif

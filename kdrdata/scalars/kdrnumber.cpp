@@ -1,67 +1,6 @@
 #include <kdrdata/scalars/kdrnumber.h>
 
-#include <cmath>
-#include <limits>
-
-class KDRNumberPrivate
-{
-public:
-    enum Kind : int { Integer = 0, FloatingPoint = 1 };
-
-    explicit KDRNumberPrivate(long long number) noexcept : kind(Integer) { value.integer = number; }
-    explicit KDRNumberPrivate(double number) noexcept : kind(FloatingPoint)
-    {
-        value.floating = number;
-    }
-
-    // Carries the value without the range: the rule of copy construction.
-    KDRNumberPrivate(KDRNumberPrivate const& other) noexcept : value(other.value), kind(other.kind)
-    {
-    }
-    KDRNumberPrivate& operator=(KDRNumberPrivate const& other) noexcept = default;
-
-    void set(long long number) noexcept
-    {
-        kind = Integer;
-        value.integer = number;
-    }
-    void set(double number) noexcept
-    {
-        kind = FloatingPoint;
-        value.floating = number;
-    }
-
-    union {
-        long long integer;
-        double floating;
-    } value;
-    int kind;
-    double maxValue = 0.0;
-    double minValue = 0.0;
-    double step = 0.0;
-};
-
-namespace {
-
-// Truncation toward zero with the processor's answer for what does not fit: the smallest integer.
-// One comparison decides it: a magnitude of 2^(bits-1) or more is out of range, and the one such
-// value that does fit, the smallest integer itself, gives the same answer either way. A NaN
-// compares false and so falls out of range too.
-template <class Integer>
-Integer truncated(double number) noexcept
-{
-    constexpr int valueBits = std::numeric_limits<Integer>::digits;
-    constexpr double limit = 2.0 * static_cast<double>(Integer(1) << (valueBits - 1));
-    return std::fabs(number) < limit ? static_cast<Integer>(number)
-                                     : std::numeric_limits<Integer>::min();
-}
-
-// A double too large for a float is narrowed to an infinity, which the language promises for IEC
-// 60559 alone.
-static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559,
-              "floating-point numbers are those of IEC 60559");
-
-} // namespace
+#include <kdrdata/scalars/kdrnumber_p.h>
 
 KDRNumber::KDRNumber() : d(new KDRNumberPrivate(0LL))
 {
@@ -107,41 +46,11 @@ void KDRNumber::fromDouble(double value)
         d->set(value);
 }
 
-int KDRNumber::toInt() const
-{
-    if (!d)
-        return 0;
-    // Through unsigned: the low 32 bits are the answer whatever the integer is.
-    return d->kind == KDRNumberPrivate::Integer
-               ? static_cast<int>(static_cast<unsigned int>(d->value.integer))
-               : truncated<int>(d->value.floating);
-}
-
+int KDRNumber::toInt() const { return d ? d->toInt() : 0; }
 long KDRNumber::toLong() const { return static_cast<long>(toLongLong()); }
-
-long long KDRNumber::toLongLong() const
-{
-    if (!d)
-        return 0;
-    return d->kind == KDRNumberPrivate::Integer ? d->value.integer
-                                                : truncated<long long>(d->value.floating);
-}
-
-float KDRNumber::toFloat() const
-{
-    if (!d)
-        return 0.0F;
-    return d->kind == KDRNumberPrivate::Integer ? static_cast<float>(d->value.integer)
-                                                : static_cast<float>(d->value.floating);
-}
-
-double KDRNumber::toDouble() const
-{
-    if (!d)
-        return 0.0;
-    return d->kind == KDRNumberPrivate::Integer ? static_cast<double>(d->value.integer)
-                                                : d->value.floating;
-}
+long long KDRNumber::toLongLong() const { return d ? d->toLongLong() : 0; }
+float KDRNumber::toFloat() const { return d ? d->toFloat() : 0.0F; }
+double KDRNumber::toDouble() const { return d ? d->toDouble() : 0.0; }
 
 int KDRNumber::numType() { return d->kind; }
 

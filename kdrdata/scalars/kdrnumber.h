@@ -1,6 +1,8 @@
 #ifndef KDRDATA_KDRNUMBER_H
 #define KDRDATA_KDRNUMBER_H
 
+#include <QtCore/qglobal.h>
+
 #include <kdrdata/kdrdata_export.h>
 
 class KDRNumberPrivate;
@@ -99,5 +101,8 @@ private:
     friend struct KDRInternal;
     KDRNumberPrivate* d;
 };
+
+/// A number may be moved in memory byte by byte, and a QList keeps it in its slots.
+Q_DECLARE_TYPEINFO(KDRNumber, Q_MOVABLE_TYPE);
 
 #endif

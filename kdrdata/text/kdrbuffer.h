@@ -1,6 +1,8 @@
 #ifndef KDRDATA_KDRBUFFER_H
 #define KDRDATA_KDRBUFFER_H
 
+#include <QtCore/qglobal.h>
+
 #include <kdrdata/kdrdata_export.h>
 
 class QByteArray;
@@ -339,5 +341,8 @@ constexpr KDRBuffer::KDRBase64Option operator|(KDRBuffer::KDRBase64Option a,
 {
     return static_cast<KDRBuffer::KDRBase64Option>(static_cast<int>(a) | static_cast<int>(b));
 }
+
+/// A buffer may be moved in memory byte by byte, and a QList keeps it in its slots.
+Q_DECLARE_TYPEINFO(KDRBuffer, Q_MOVABLE_TYPE);
 
 #endif

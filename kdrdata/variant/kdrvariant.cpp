@@ -5,6 +5,9 @@
 #include <kdrdata/variant/kdrvariantlock.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
+#include <QtCore/qstring.h>
+
+#include <initializer_list>
 #include <memory>
 #include <utility>
 
@@ -25,33 +28,53 @@ void write(KDRVariantLock* lock, Writer const& writer)
     }
     auto fresh = std::make_unique<KDRVariantPrivate>();
     writer(*fresh);
-    std::exchange(store, fresh.release())->decRef();
+    KDRInternal::giveUp(std::exchange(store, fresh.release()));
+}
+
+// Room for most descriptions; longer ones grow.
+constexpr int shortDescription = 48;
+constexpr int longDescription = 112;
+
+// The numbers are written as QString::arg() writes them into the places of a template, one after
+// the other into one text: a chain of arg() makes a new text for each place.
+KDRString described(KDRVariantKind kind,
+                    std::initializer_list<std::pair<char const*, double>> facts)
+{
+    QString text;
+    text.reserve(kind == KindPoint ? longDescription : shortDescription);
+    text += QLatin1String("iType:");
+    text += QString::number(kind);
+    for (auto const& [name, value] : facts) {
+        text += QLatin1String(name);
+        text += QString::number(value, 'g', 6);
+    }
+    return KDRInternal::taking<KDRString>(std::move(text));
 }
 
 KDRString describeNumber(KDRNumber const& number)
 {
-    return KDRString("iType:%1,Max:%2,Min:%3,step:%4")
-        .arg(KindNumber)
-        .arg(number.maxValue())
-        .arg(number.minValue())
-        .arg(number.step());
+    return described(
+        KindNumber,
+        {{",Max:", number.maxValue()}, {",Min:", number.minValue()}, {",step:", number.step()}});
 }
 
 KDRString describeString(KDRString const& text)
 {
-    return KDRString("iType:%1,length:%2").arg(KindString).arg(text.size());
+    QString description;
+    description.reserve(shortDescription);
+    description += QLatin1String("iType:2,length:");
+    description += QString::number(text.size());
+    return KDRInternal::taking<KDRString>(std::move(description));
 }
 
 KDRString describePoint(KDRPoint const& point)
 {
-    return KDRString("iType:%1,XMax:%2,XMin:%3,XStep:%4,YMax:%5,YMin:%6,YStep:%7")
-        .arg(KindPoint)
-        .arg(point.getXMaxVal())
-        .arg(point.getXMinVal())
-        .arg(point.getXStepVal())
-        .arg(point.getYMaxVal())
-        .arg(point.getYMinVal())
-        .arg(point.getYStepVal());
+    return described(KindPoint, {{",XMax:", point.getXMaxVal()},
+                                 {",XMin:", point.getXMinVal()},
+                                 {",XStep:", point.getXStepVal()},
+                                 {",YMax:", point.getYMaxVal()},
+                                 {",YMin:", point.getYMinVal()},
+                                 {",YStep:", point.getYStepVal()}});
 }
 
 } // namespace
@@ -65,7 +88,10 @@ KDRVariant::KDRVariant(double value) : d(new KDRVariantLock(value)) {}
 KDRVariant::KDRVariant(bool value) : d(new KDRVariantLock(value)) {}
 KDRVariant::KDRVariant(char const* text) : d(new KDRVariantLock(text)) {}
 
-KDRVariant::KDRVariant(KDRVariant const& other) : d(new KDRVariantLock)
+// The new handle starts without the store of its own that it would give up at once: nobody has the
+// handle yet. Only one that is made from itself, which is a mistake, has no other store to take.
+KDRVariant::KDRVariant(KDRVariant const& other)
+    : d(this == &other ? new KDRVariantLock : new KDRVariantLock(KDRVariantLock::Store::None))
 {
     // The new handle's lock first, the source's second: operator= takes them the other way round.
     bool const distinct = d != other.d;
@@ -73,9 +99,9 @@ KDRVariant::KDRVariant(KDRVariant const& other) : d(new KDRVariantLock)
     if (distinct)
         other.d->lock();
     KDRVariantPrivate* const shared = KDRInternal::pointer(*other.d);
-    KDRVariantPrivate* const fresh = std::exchange(KDRInternal::pointer(*d), shared);
-    shared->incRef();
-    fresh->decRef();
+    KDRInternal::pointer(*d) = shared;
+    if (distinct)
+        shared->incRef();
     d->unlock();
     if (distinct)
         other.d->unlock();
@@ -100,7 +126,7 @@ KDRVariant& KDRVariant::operator=(KDRVariant const& other)
     KDRVariantPrivate* const old = std::exchange(KDRInternal::pointer(*d), shared);
     shared->incRef();
     if (old)
-        old->decRef();
+        KDRInternal::giveUp(old);
     if (distinct)
         other.d->unlock();
     d->unlock();
@@ -123,22 +149,24 @@ KDRVariantKind KDRVariant::variantType() const { return storeOf(d).variantType()
 
 KDRString KDRVariant::attribute()
 {
-    KDRVariantPrivate const& store = storeOf(d);
+    // Read where they are; a store that was cleared keeps its kind without a payload, and describes
+    // what a new payload would be.
+    KDRVariantPrivate& store = storeOf(d);
     switch (store.variantType()) {
     case KindPoint: {
-        KDRPoint point;
-        store.toPoint(&point);
-        return describePoint(point);
+        KDRPoint* point = nullptr;
+        store.toPointPtr(point);
+        return point ? describePoint(*point) : describePoint(KDRPoint());
     }
     case KindString: {
-        KDRString text;
-        store.toString(&text);
-        return describeString(text);
+        KDRString* text = nullptr;
+        store.toStringPtr(text);
+        return text ? describeString(*text) : describeString(KDRString());
     }
     case KindNumber: {
-        KDRNumber number;
-        store.toNumber(&number);
-        return describeNumber(number);
+        KDRNumber* number = nullptr;
+        store.toNumberPtr(number);
+        return number ? describeNumber(*number) : describeNumber(KDRNumber());
     }
     default:
         return KDRString("");

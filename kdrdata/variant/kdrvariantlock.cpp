@@ -1,15 +1,14 @@
 #include <kdrdata/variant/kdrvariantlock.h>
 
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
-KDRVariantLock::KDRVariantLock() : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate) {}
+// The mutexes are made by default, which makes them not recursive, in place and without a call.
+KDRVariantLock::KDRVariantLock() : d(new KDRVariantPrivate) {}
 
 #define KDR_DEFINE_CONSTRUCTOR(Argument)                                                           \
-    KDRVariantLock::KDRVariantLock(Argument value)                                                 \
-        : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate(value))                           \
-    {                                                                                              \
-    }
+    KDRVariantLock::KDRVariantLock(Argument value) : d(new KDRVariantPrivate(value)) {}
 KDR_DEFINE_CONSTRUCTOR(int)
 KDR_DEFINE_CONSTRUCTOR(long)
 KDR_DEFINE_CONSTRUCTOR(long long)
@@ -26,7 +25,9 @@ KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW
 #undef KDR_DEFINE_CONSTRUCTOR
 
-KDRVariantLock::~KDRVariantLock() { d->decRef(); }
+KDRVariantLock::KDRVariantLock(Store) noexcept : d(nullptr) {}
+
+KDRVariantLock::~KDRVariantLock() { KDRInternal::giveUp(d); }
 
 void KDRVariantLock::lock() { m_mutex.lock(); }
 void KDRVariantLock::unlock() { m_mutex.unlock(); }

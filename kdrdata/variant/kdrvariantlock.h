@@ -122,7 +122,13 @@ public:
     void unlock();
 
 private:
+    friend class KDRVariant;
     friend struct KDRInternal;
+
+    // For a handle that is about to share a store.
+    enum class Store { None };
+    KDRDATA_NO_EXPORT explicit KDRVariantLock(Store) noexcept;
+
     QMutex m_mutex;
     KDRVariantPrivate* d;
 };

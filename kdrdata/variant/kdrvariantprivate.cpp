@@ -1,6 +1,7 @@
 #include <kdrdata/variant/kdrvariantprivate.h>
 
 #include <kdrdata/internal/kdrinternal_p.h>
+#include <kdrdata/scalars/kdrnumber_p.h>
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 
 #include <algorithm>
@@ -84,12 +85,26 @@ constexpr bool isSortedByKind()
     return true;
 }
 
+// The kinds that nearly all values have are found without a search.
+constexpr int firstKinds = KindChar + 1;
+constexpr bool startsWithFirstKinds()
+{
+    for (int kind = 0; kind < firstKinds; ++kind) {
+        if (kindOperations[kind].kind != kind)
+            return false;
+    }
+    return true;
+}
+
 static_assert(isSortedByKind(), "the kind table is searched by bisection");
+static_assert(startsWithFirstKinds(), "the first kinds are their own places in the table");
 static_assert(sizeof(bool) == 1, "a flag is one byte on the heap");
 
 // Null for the empty kind and for every number that no row has.
 KindOperations const* findOperations(KDRVariantKind kind)
 {
+    if (kind >= 0 && kind < firstKinds)
+        return &kindOperations[kind];
     auto const* const last = std::end(kindOperations);
     auto const* const found =
         std::lower_bound(std::begin(kindOperations), last, kind,
@@ -113,12 +128,15 @@ bool readInto(Payload* out, void const* payload)
     return true;
 }
 
-template <class Scalar>
-bool readNumber(Scalar* out, KDRNumber const* number, Scalar (KDRNumber::*reading)() const)
+// Reads the record itself; without one the number is read, which knows what to answer then.
+template <class Scalar, class Recorded>
+bool readNumber(Scalar* out, KDRNumber const* number, Scalar (KDRNumber::*reading)() const,
+                Recorded (KDRNumberPrivate::*recorded)() const noexcept)
 {
     if (!number || !out)
         return false;
-    *out = (number->*reading)();
+    auto const* const record = KDRInternal::pointer(*number);
+    *out = record ? static_cast<Scalar>((record->*recorded)()) : (number->*reading)();
     return true;
 }
 
@@ -131,7 +149,7 @@ bool isLostByConstruction(KDRVariantKind kind)
 }
 
 KDRVariantPrivate::KDRVariantPrivate(KDRVariantKind kind, void* payload) noexcept
-    : m_refs(1), m_kind(kind), m_payload(payload), m_mutex(QMutex::NonRecursive), m_disposed(false)
+    : m_refs(1), m_kind(kind), m_payload(payload), m_disposed(false), m_everShared(false)
 {
 }
 
@@ -209,32 +227,45 @@ KDRNumber const* KDRVariantPrivate::number() const
     return static_cast<KDRNumber const*>(payloadOf(KindNumber));
 }
 
-void KDRVariantPrivate::fromInt(int value) { install(KindNumber, new KDRNumber(value)); }
-void KDRVariantPrivate::fromLong(long value) { install(KindNumber, new KDRNumber(value)); }
-void KDRVariantPrivate::fromLongLong(long long value) { install(KindNumber, new KDRNumber(value)); }
-void KDRVariantPrivate::fromFloat(float value) { install(KindNumber, new KDRNumber(value)); }
-void KDRVariantPrivate::fromDouble(double value) { install(KindNumber, new KDRNumber(value)); }
+// A number that is there takes the new value in place, and its range becomes that of a fresh one:
+// nobody can tell it from a number that was freed and made again. Whoever held its address held one
+// that the write ended, and a new object may have the address of an old one.
+template <class Value>
+void KDRVariantPrivate::writeNumber(Value value)
+{
+    auto* const payload = static_cast<KDRNumber*>(m_kind == KindNumber ? m_payload : nullptr);
+    if (payload && KDRInternal::pointer(*payload))
+        KDRInternal::wrapped(*payload) = KDRNumberPrivate(value);
+    else
+        install(KindNumber, new KDRNumber(value));
+}
+
+void KDRVariantPrivate::fromInt(int value) { fromLongLong(value); }
+void KDRVariantPrivate::fromLong(long value) { fromLongLong(value); }
+void KDRVariantPrivate::fromLongLong(long long value) { writeNumber(value); }
+void KDRVariantPrivate::fromFloat(float value) { fromDouble(static_cast<double>(value)); }
+void KDRVariantPrivate::fromDouble(double value) { writeNumber(value); }
 void KDRVariantPrivate::fromBool(bool value) { install(KindBool, new bool(value)); }
 
 bool KDRVariantPrivate::toInt(int* out) const
 {
-    return readNumber(out, number(), &KDRNumber::toInt);
+    return readNumber(out, number(), &KDRNumber::toInt, &KDRNumberPrivate::toInt);
 }
 bool KDRVariantPrivate::toLong(long* out) const
 {
-    return readNumber(out, number(), &KDRNumber::toLong);
+    return readNumber(out, number(), &KDRNumber::toLong, &KDRNumberPrivate::toLongLong);
 }
 bool KDRVariantPrivate::toLongLong(long long* out) const
 {
-    return readNumber(out, number(), &KDRNumber::toLongLong);
+    return readNumber(out, number(), &KDRNumber::toLongLong, &KDRNumberPrivate::toLongLong);
 }
 bool KDRVariantPrivate::toFloat(float* out) const
 {
-    return readNumber(out, number(), &KDRNumber::toFloat);
+    return readNumber(out, number(), &KDRNumber::toFloat, &KDRNumberPrivate::toFloat);
 }
 bool KDRVariantPrivate::toDouble(double* out) const
 {
-    return readNumber(out, number(), &KDRNumber::toDouble);
+    return readNumber(out, number(), &KDRNumber::toDouble, &KDRNumberPrivate::toDouble);
 }
 bool KDRVariantPrivate::toBool(bool* out) const { return readInto(out, payloadOf(KindBool)); }
 
@@ -285,6 +316,9 @@ void KDRVariantPrivate::incRef()
 {
     m_mutex.lock();
     m_refs.fetch_add(1);
+    // Written once, before anybody else has the store, and only read from then on.
+    if (!m_everShared)
+        m_everShared = true;
     m_mutex.unlock();
 }
 

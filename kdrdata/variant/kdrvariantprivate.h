@@ -455,12 +455,15 @@ private:
     KDRDATA_NO_EXPORT void install(KDRVariantKind kind, void* payload);
     KDRDATA_NO_EXPORT void const* payloadOf(KDRVariantKind kind) const;
     KDRDATA_NO_EXPORT KDRNumber const* number() const;
+    template <class Value>
+    KDRDATA_NO_EXPORT void writeNumber(Value value);
 
     std::atomic<int> m_refs;
     KDRVariantKind m_kind;
     void* m_payload;
     QMutex m_mutex;
     bool m_disposed;
+    bool m_everShared;
 };
 
 #endif

@@ -4,6 +4,9 @@
 #include <kdrdata/vision/kdrpointarray.h>
 #include <kdrdata/vision/kdrregion.h>
 #include <kdrdata/vision/kdrshape.h>
+#include <kdrdata/vision/kdrshapeprivate.h>
+
+#include <utility>
 
 #include <veldata/velpointarray.h>
 #include <veldata/velroi.h>
@@ -28,6 +31,13 @@ enum ROITypeCode : unsigned int {
 
 using KDRCoreArray::core;
 
+// The list of points inside a shape's record: the core library copies it, and so do lists that it
+// fills take the place of it, without a copy in between.
+KDRPointArray& outlineOf(KDRShape& shape)
+{
+    return KDRInternal::points(KDRInternal::wrapped(shape));
+}
+
 } // namespace
 
 DataConvert::DataConvert() {}
@@ -40,7 +50,6 @@ int DataConvert::ShapeToROI(KDRShape& shape, VelROI* roi)
         return 0;
     KDRPoint first;
     KDRPoint second;
-    KDRPointArray points;
     double a = 0.0;
     double b = 0.0;
     double c = 0.0;
@@ -83,12 +92,10 @@ int DataConvert::ShapeToROI(KDRShape& shape, VelROI* roi)
         roi->GenArc(core(first), a, b, c);
         break;
     case KDRShape::Polygon:
-        shape.toPolygon(&points);
-        roi->GenPolygon(core(points));
+        roi->GenPolygon(core(outlineOf(shape)));
         break;
     case KDRShape::Irregular:
-        shape.toIrregular(&points);
-        roi->GenIrregular(core(points));
+        roi->GenIrregular(core(outlineOf(shape)));
         break;
     case KDRShape::Empty:
         *roi = VelROI();
@@ -106,6 +113,7 @@ int DataConvert::ROIToShape(VelROI& roi, KDRShape* shape)
     KDRPoint first;
     KDRPoint second;
     KDRPointArray points;
+    KDRPointArray none;
     double a = 0.0;
     double b = 0.0;
     double c = 0.0;
@@ -128,11 +136,13 @@ int DataConvert::ROIToShape(VelROI& roi, KDRShape* shape)
         break;
     case ROIPolygon:
         roi.GetPolygon(&core(points));
-        shape->fromPolygon(points);
+        shape->fromPolygon(none);
+        std::swap(KDRInternal::pointer(outlineOf(*shape)), KDRInternal::pointer(points));
         break;
     case ROIIrregular:
         roi.GetIrregular(&core(points));
-        shape->fromIrregular(points);
+        shape->fromIrregular(none);
+        std::swap(KDRInternal::pointer(outlineOf(*shape)), KDRInternal::pointer(points));
         break;
     case ROIRect2:
         roi.GetRect2(&core(first), &a, &b, &c);

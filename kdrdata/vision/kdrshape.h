@@ -1,6 +1,8 @@
 #ifndef KDRDATA_KDRSHAPE_H
 #define KDRDATA_KDRSHAPE_H
 
+#include <QtCore/qglobal.h>
+
 #include <kdrdata/kdrdata_export.h>
 
 class KDR3DLineSet;
@@ -298,5 +300,8 @@ private:
 /// The kinds of a shape, under their name outside of KDRShape: KDRShapeKind::Circle is
 /// KDRShape::Circle.
 typedef KDRShape::KDRShapeKind KDRShapeKind;
+
+/// A shape may be moved in memory byte by byte, and a QList keeps it in its slots.
+Q_DECLARE_TYPEINFO(KDRShape, Q_MOVABLE_TYPE);
 
 #endif

@@ -2,6 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QtCore/qstring.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
 #include "../support/variantaccess.h"
 #include "kindtable.h"
 
@@ -37,6 +45,46 @@ TEST(Attribute, WritesRangesInGeneralNotationWithSixDigits)
     ASSERT_TRUE(variant.toNumberPtr(number));
     *number = KDRNumber();
     EXPECT_EQ(describe(variant), "iType:1,Max:999999,Min:-999999,step:-999999");
+}
+
+// Qt's own places in a template are the witness, for numbers of every size and for those that are
+// none.
+TEST(Attribute, WritesEveryNumberAsATemplateWould)
+{
+    std::vector<double> samples{0.0,
+                                -0.0,
+                                std::numeric_limits<double>::infinity(),
+                                -std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::quiet_NaN(),
+                                std::numeric_limits<double>::denorm_min(),
+                                std::numeric_limits<double>::max(),
+                                999999.5,
+                                9999995.0};
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
+    std::uniform_int_distribution<int> exponent(-300, 300);
+    std::uniform_int_distribution<int> small(-8, 8);
+    for (int i = 0; i < 2000; ++i) {
+        samples.push_back(mantissa(random) * std::pow(10.0, exponent(random)));
+        samples.push_back(std::round(mantissa(random)) * std::pow(10.0, small(random)));
+    }
+    for (std::size_t i = 0; i + 1 < samples.size(); ++i) {
+        double const a = samples[i];
+        double const b = samples[i + 1];
+        EXPECT_EQ(
+            describe(rangedNumber(a, b, 0.0)),
+            QString("iType:%1,Max:%2,Min:%3,step:%4").arg(1).arg(a).arg(b).arg(b).toStdString());
+    }
+}
+
+TEST(Attribute, OfAClearedVariantDescribesWhatItWouldHold)
+{
+    KDRVariant number(5);
+    VariantAccess::store(number).clear();
+    EXPECT_EQ(describe(number), "iType:1,Max:999999,Min:-999999,step:-999999");
+    KDRVariant text("ab");
+    VariantAccess::store(text).clear();
+    EXPECT_EQ(describe(text), "iType:2,length:0");
 }
 
 TEST(Attribute, OfANumberPutIntoAVariantHasNoRange)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -213,6 +214,48 @@ TEST(PlainNumbers, ANumberObjectCarriesTheSameValues)
     expectNumbers<long long>(wideIntegers<long long>(), &KDRNumber::fromLongLong);
     expectNumbers<float>(floats, &KDRNumber::fromFloat);
     expectNumbers<double>(doubles, &KDRNumber::fromDouble);
+}
+
+// A number that takes a new value where it lies is as a fresh one: without the range that somebody
+// gave it through its address.
+TEST(Numbers, AWrittenNumberHasNoRangeLeft)
+{
+    auto const ranged = [](KDRVariant& variant) -> KDRNumber& {
+        KDRNumber* number = nullptr;
+        EXPECT_TRUE(variant.toNumberPtr(number));
+        number->setMaxValue(3.0);
+        number->setMinValue(2.0);
+        number->setStep(1.0);
+        return *number;
+    };
+    auto const hasNoRange = [](KDRVariant& variant) {
+        KDRNumber* number = nullptr;
+        EXPECT_TRUE(variant.toNumberPtr(number));
+        return number->maxValue() == 0.0 && number->minValue() == 0.0;
+    };
+    std::vector<std::function<void(KDRVariant&)>> const writers{
+        [](KDRVariant& v) { v.fromInt(7); }, [](KDRVariant& v) { v.fromLong(7L); },
+        [](KDRVariant& v) { v.fromLongLong(7LL); }, [](KDRVariant& v) { v.fromFloat(7.0F); },
+        [](KDRVariant& v) { v.fromDouble(7.0); }};
+    for (auto const& write : writers) {
+        KDRVariant variant(0.5);
+        ranged(variant);
+        write(variant);
+        EXPECT_TRUE(hasNoRange(variant));
+        int value = 0;
+        EXPECT_TRUE(variant.toInt(&value));
+        EXPECT_EQ(value, 7);
+    }
+}
+
+TEST(Numbers, AreWrittenIntoAStoreThatWasCleared)
+{
+    KDRVariant variant(5);
+    VariantAccess::store(variant).clear();
+    variant.fromInt(6);
+    int value = 0;
+    EXPECT_TRUE(variant.toInt(&value));
+    EXPECT_EQ(value, 6);
 }
 
 } // namespace

@@ -267,7 +267,8 @@ TEST(VariantArray, InsertThatFailsTakesItsPlaceBack)
         array.push_back(KDRVariant(i));
     KDRVariant const value(9);
     for (int index = 0; index < 5; ++index) {
-        for (long successes = 0; successes < 3; ++successes) {
+        // The slot's handle and its lock.
+        for (long successes = 0; successes < 2; ++successes) {
             allocations::FailAfter const limit(successes);
             EXPECT_THROW(array.insert(index, value), std::bad_alloc);
         }
@@ -282,7 +283,8 @@ TEST(VariantArray, AppendThatFailsKeepsTheOldElements)
 {
     KDRVariantArray array = PayloadOf<KDRVariantArray>::make(1);
     KDRVariantArray const other = PayloadOf<KDRVariantArray>::make(2);
-    for (long successes = 0; successes < 5; ++successes) {
+    // A slot's handle and its lock for each of the two elements.
+    for (long successes = 0; successes < 4; ++successes) {
         allocations::FailAfter const limit(successes);
         EXPECT_THROW(array.push_back(other), std::bad_alloc) << successes;
     }
