@@ -73,6 +73,13 @@ TEST(StringZeros, FollowTheDefaultLocaleAtLocalisedMarkers)
     QLocale::setDefault(before);
 }
 
+TEST(StringZeros, AreNotNeededByNumbersLongerThanTheWidth)
+{
+    QString const expected = QString("%1").arg(-0.5, 1100, 'f', 1200, QChar('0'));
+    EXPECT_EQ(KDRString("%1").arg(-0.5, 1100, KDRString::KDRFormatFixed, 1200, KDRChar('0')),
+              textOf(expected));
+}
+
 // One by one, these would take hours.
 TEST(StringZeros, AreWrittenAtOnce)
 {
