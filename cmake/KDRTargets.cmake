@@ -8,6 +8,16 @@ function(kdr_enable_warnings target)
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 endfunction()
 
+option(KDRDATA_COVERAGE "Let the libraries record which of their lines and branches are reached" OFF)
+
+# Only the libraries: the tests are compiled as always.
+function(kdr_record_coverage target)
+    if(KDRDATA_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+        target_link_options(${target} PRIVATE --coverage)
+    endif()
+endfunction()
+
 # A shared library that exports on purpose only: hidden by default, and a linker
 # version script that also keeps weak instantiations of other libraries' templates in.
 function(kdr_exports_only target version_script)

@@ -10,7 +10,6 @@
 namespace {
 
 using velcodec::Format;
-using velcodec::Kinds;
 
 constexpr unsigned bit(int number) { return 1U << number; }
 

@@ -18,7 +18,7 @@ constexpr std::uint64_t side = std::uint64_t{1} << 20;
 constexpr std::uint64_t fileBytes = INT_MAX;
 
 /// Bytes that a file is read and written by where they do not go straight to their place.
-constexpr std::size_t windowBytes = 64 * 1024;
+constexpr std::size_t windowBytes = std::size_t{64} * 1024;
 
 /// Most bytes of coefficients that a JPEG with several scans may need besides its pixels: two for
 /// every value of the largest picture.

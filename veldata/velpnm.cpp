@@ -97,7 +97,10 @@ struct Header
     bool isBitmap; ///< a value is one bit, 1 for black
 
     bool isDeep() const { return maxValue > 255; }
-    std::size_t rowValues() const { return static_cast<std::size_t>(width * channels); }
+    std::size_t rowValues() const
+    {
+        return static_cast<std::size_t>(width) * static_cast<std::size_t>(channels);
+    }
 
     /// Bytes of a row of a binary file; of an ASCII one, the fewest there can be.
     std::size_t rowBytes() const

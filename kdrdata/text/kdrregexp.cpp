@@ -84,12 +84,12 @@ bool sameMatch(QRegExp const& a, QRegExp const& b)
 Expression copyOf(Expression& source)
 {
     if (!source.origin || !sameMatch(source, *source.origin)) {
+        // Has the captures cut out of the text before there is an origin, so that this is read-only
+        // from the start and copies in several threads can share it.
+        source.capturedTexts();
         auto const origin = std::make_shared<QRegExp>(source);
         origin->swap(source);
         source.origin = origin;
-        // Has the origin cut its captures out of the text now, so that it is read-only from here on
-        // and copies in several threads can share it.
-        origin->capturedTexts();
     }
     Expression copy(*source.origin, source.origin);
     copy.setMinimal(source.isMinimal());

@@ -4,6 +4,7 @@
 #include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstringarray.h>
 #include <kdrdata/text/textlimits_p.h>
+#include <kdrdata/text/textmarkers_p.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QChar>
@@ -157,13 +158,26 @@ void replaceMatches(QString& text, QRegExp const& rx, QString const& after)
 constexpr int longestInteger = 128;
 constexpr int longestFloating = 2048;
 
+// Answers `text.arg()` of a number; @p format does it at a width.
+template <class Format, class... Fill>
+KDRString argNumber(QString const& text, int fieldWidth, Format const& format, Fill... fill)
+{
+    bool const inZeros = ((fill == QChar('0')) || ...);
+    return KDRInternal::taking<KDRString>(inZeros && fieldWidth > KDRTextMarkers::fewZeros
+                                              ? KDRTextMarkers::argInZeros(text, fieldWidth, format)
+                                              : format(text, fieldWidth));
+}
+
 template <class Integer, class... Fill>
 KDRString argInteger(QString const& text, Integer a, int fieldWidth, int base, Fill... fill)
 {
     int const known = knownBase(a, base);
     formattedMustFit(text, fieldWidth, longestInteger,
                      [&](QString const& marker) { return marker.arg(a, 0, known).size(); });
-    return KDRInternal::taking<KDRString>(text.arg(a, fieldWidth, known, fill...));
+    auto const format = [&](QString const& at, int width) {
+        return at.arg(a, width, known, fill...);
+    };
+    return argNumber(text, fieldWidth, format, fill...);
 }
 
 template <class... Fill>
@@ -181,7 +195,10 @@ KDRString argFloating(QString const& text, double a, int fieldWidth, char letter
     long long const bound =
         known > INT_MAX / 2 ? 1LL + INT_MAX : longestFloating + static_cast<long long>(decimals);
     formattedMustFit(text, fieldWidth, bound, lengthAt);
-    return KDRInternal::taking<KDRString>(text.arg(a, fieldWidth, letter, known, fill...));
+    auto const format = [&](QString const& at, int width) {
+        return at.arg(a, width, letter, known, fill...);
+    };
+    return argNumber(text, fieldWidth, format, fill...);
 }
 
 template <class Value, class... Fill>

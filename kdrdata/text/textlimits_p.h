@@ -1,6 +1,8 @@
 #ifndef KDRDATA_TEXTLIMITS_P_H
 #define KDRDATA_TEXTLIMITS_P_H
 
+#include <kdrdata/text/textmarkers_p.h>
+
 #include <QtCore/QRegExp>
 #include <QtCore/QString>
 
@@ -44,43 +46,6 @@ void replacementMustFit(int size, int before, int after, Find const& find)
     mustFit(size + count * growth);
 }
 
-/// The place markers of the lowest number in a text: `%` and one or two digits, `L` between or not.
-struct Markers
-{
-    long long plain = 0;     ///< how many have no `L`
-    long long localised = 0; ///< how many have one
-    long long units = 0;     ///< how many code units all of them take
-};
-
-inline Markers lowestMarkers(QString const& text)
-{
-    int lowest = INT_MAX;
-    Markers found;
-    for (int i = text.indexOf('%'); i >= 0; i = text.indexOf('%', i + 1)) {
-        int at = i + 1;
-        bool const localised = at < text.size() && text.at(at) == 'L';
-        if (localised)
-            ++at;
-        int number = at < text.size() ? text.at(at).digitValue() : -1;
-        if (number < 0)
-            continue;
-        ++at;
-        int const second = at < text.size() ? text.at(at).digitValue() : -1;
-        if (second >= 0) {
-            number = 10 * number + second;
-            ++at;
-        }
-        if (number < lowest)
-            found = Markers();
-        lowest = std::min(lowest, number);
-        if (number == lowest) {
-            ++(localised ? found.localised : found.plain);
-            found.units += at - i;
-        }
-    }
-    return found;
-}
-
 /// Throws std::bad_alloc where putting a value in the place of each marker makes too many units.
 /// A value is never longer than @p bound or, where that is more, @p fieldWidth; @p lengthAt answers
 /// how long it is at the marker `%1` or `%L1`, and is asked only where that matters.
@@ -92,7 +57,7 @@ void formattedMustFit(QString const& text, int fieldWidth, long long bound,
     long long const most = text.size() / 2;
     if (text.size() + most * std::max(bound, width) <= INT_MAX)
         return;
-    Markers const markers = lowestMarkers(text);
+    KDRTextMarkers::Markers const markers = KDRTextMarkers::lowestMarkers(text);
     long long size = text.size() - markers.units;
     if (markers.plain > 0)
         size += markers.plain * std::max<long long>(width, lengthAt(QString("%1")));

@@ -1,9 +1,11 @@
 #include <kdrdata/vision/kdrshapeprivate.h>
 
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/vision/kdrcontour.h>
 #include <kdrdata/vision/kdrshapearray.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -60,9 +62,15 @@ KDRShapePrivate::KDRShapePrivate(KDRShapePrivate const& other) : KDRShapePrivate
 
 KDRShapePrivate::~KDRShapePrivate() = default;
 
-// The contours and the numbers stay behind.
+// The contours and the numbers stay behind. What may run out of memory comes first.
 KDRShapePrivate& KDRShapePrivate::operator=(KDRShapePrivate const& other)
 {
+    KDRFont font(other.m_font);
+    KDRPointArray points(other.m_points);
+    KDRRegion region(other.m_region);
+    std::swap(KDRInternal::pointer(m_font), KDRInternal::pointer(font));
+    std::swap(KDRInternal::pointer(m_points), KDRInternal::pointer(points));
+    std::swap(KDRInternal::pointer(m_region), KDRInternal::pointer(region));
     m_kind = other.m_kind;
     m_firstPoint = other.m_firstPoint;
     m_secondPoint = other.m_secondPoint;
@@ -70,10 +78,7 @@ KDRShapePrivate& KDRShapePrivate::operator=(KDRShapePrivate const& other)
     m_p1 = other.m_p1;
     m_p2 = other.m_p2;
     m_p3 = other.m_p3;
-    m_font = other.m_font;
     m_text = other.m_text;
-    m_points = other.m_points;
-    m_region = other.m_region;
     m_anchor3D = other.m_anchor3D;
     return *this;
 }

@@ -54,7 +54,7 @@ public:
 
     /// Copies the fields of @p other, except the list of contours and the list of numbers, which
     /// stay what they were, as the count does. Kept on purpose. Returns this record. Where memory
-    /// runs out, some fields may be copied and others not.
+    /// runs out, it stays as it was.
     KDRShapePrivate& operator=(KDRShapePrivate const& other);
 
     /// The count, read under the mutex.

@@ -19,10 +19,14 @@
 /// The model says what the contract promises: handles that share a store share one model value, a
 /// writer on a shared store starts a new one, a clone has its own, and the elements of an array are
 /// handles like any other. The library's count of a store must be the model's count of its value.
-class VariantModel
+///
+/// What happens is drawn from a @p Random, a call of which answers a number.
+template <class Random>
+class VariantModelOf
 {
 public:
-    explicit VariantModel(unsigned seed) : m_seed(seed), m_random(seed), m_pool(8) {}
+    /// Draws from @p random; @p seed is told where an operation fails.
+    VariantModelOf(unsigned seed, Random random) : m_seed(seed), m_random(random), m_pool(8) {}
 
     /// Adds a variant that others may hold too; its count is not compared.
     void addForeign(KDRVariant const& variant, int number)
@@ -220,8 +224,15 @@ private:
     }
 
     unsigned m_seed;
-    std::mt19937 m_random;
+    Random m_random;
     std::vector<Pair> m_pool;
+};
+
+/// Random operations that are the same for the same seed.
+class VariantModel : public VariantModelOf<std::mt19937>
+{
+public:
+    explicit VariantModel(unsigned seed) : VariantModelOf(seed, std::mt19937(seed)) {}
 };
 
 #endif

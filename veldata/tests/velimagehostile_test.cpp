@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
@@ -283,6 +284,27 @@ TEST(VelImageHostile, ClaimsOfHugeSizesAreRefusedWithoutTheMemoryForThem)
         EXPECT_TRUE(victim.refuses(files[i])) << i;
     EXPECT_EQ(console.caught(), "");
     EXPECT_LT(peakMemory() - before, 64 * 1024);
+}
+
+/// A sparse file really has all the rows that it claims, and an image all the pixels.
+TEST(VelImageHostile, MoreThanAGibibyteOfPixelsIsNeitherReadNorSaved)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("large.pgm");
+    std::string const header = "P5 32768 16385 65535\n";
+    writeFile(path, bytesOf(header));
+    std::filesystem::resize_file(path, header.size() + (std::uintmax_t{1} << 30) + 65536);
+    long const before = peakMemory();
+    Console console;
+    VelImage image;
+    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    EXPECT_LT(peakMemory() - before, 64 * 1024);
+
+    VelImage const large(nullptr, 32768, 16385, 1, 0, VEL_16U);
+    ASSERT_NE(large.ImageData(), nullptr);
+    EXPECT_EQ(large.SaveImage(directory.path("saved.pgm").c_str(), 6), 0);
+    EXPECT_EQ(directory.entries().size(), 1u);
+    EXPECT_EQ(console.caught(), "");
 }
 
 /// libpng itself would print warnings about both blocks.

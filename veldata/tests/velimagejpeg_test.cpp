@@ -21,9 +21,12 @@ struct Jpeg
     J_COLOR_SPACE colours = JCS_CMYK; ///< of the values in the file, too
     bool hasAdobeMarker = false;
     bool isProgressive = false;
+    int width = usualWidth;
+    int height = usualHeight;
+    std::vector<jpeg_scan_info> scans = {}; ///< none for the usual ones
 
-    static constexpr int width = 40;
-    static constexpr int height = 20;
+    static constexpr int usualWidth = 40;
+    static constexpr int usualHeight = 20;
 
     Bytes bytes() const
     {
@@ -34,8 +37,8 @@ struct Jpeg
         unsigned char* memory = nullptr;
         unsigned long size = 0;
         jpeg_mem_dest(&info, &memory, &size);
-        info.image_width = width;
-        info.image_height = height;
+        info.image_width = static_cast<JDIMENSION>(width);
+        info.image_height = static_cast<JDIMENSION>(height);
         info.input_components = static_cast<int>(colour.size());
         info.in_color_space = colours;
         jpeg_set_defaults(&info);
@@ -44,6 +47,10 @@ struct Jpeg
         info.write_Adobe_marker = hasAdobeMarker ? TRUE : FALSE;
         if (isProgressive)
             jpeg_simple_progression(&info);
+        if (!scans.empty()) {
+            info.scan_info = scans.data();
+            info.num_scans = static_cast<int>(scans.size());
+        }
         jpeg_start_compress(&info, TRUE);
         std::vector<JSAMPLE> row;
         for (int x = 0; x < width; ++x)
@@ -71,9 +78,10 @@ VelImage readBytes(Bytes const& bytes)
 /// Whether all pixels are of one colour, up to what the compression changes.
 testing::AssertionResult hasColour(VelImage const& image, cv::Vec3b const& colour)
 {
-    if (image.Width() != Jpeg::width || image.Height() != Jpeg::height || image.Channels() != 3)
+    if (image.Width() != Jpeg::usualWidth || image.Height() != Jpeg::usualHeight ||
+        image.Channels() != 3)
         return testing::AssertionFailure() << "another picture, or none";
-    cv::Mat const expected(Jpeg::height, Jpeg::width, CV_8UC3, cv::Scalar(colour));
+    cv::Mat const expected(Jpeg::usualHeight, Jpeg::usualWidth, CV_8UC3, cv::Scalar(colour));
     double const difference = cv::norm(viewOf(image), expected, cv::NORM_INF);
     return difference <= 2 ? testing::AssertionSuccess()
                            : testing::AssertionFailure() << "off by " << difference;
@@ -132,6 +140,24 @@ TEST(VelImageJpeg, InksKeptAsBrightnessAreWhatOpenCvDecodes)
     EXPECT_EQ(console.caught(), "");
 }
 
+/// libjpeg itself would fill up what is missing with grey.
+TEST(VelImageJpeg, APictureWhoseEndComesTooEarlyIsRefusedInSilence)
+{
+    Console console;
+    for (int isProgressive : {0, 1}) {
+        for (int isInRestarts : {0, 1}) {
+            Bytes const whole = encoded(".jpg", picture(CV_8UC3),
+                                        {cv::IMWRITE_JPEG_PROGRESSIVE, isProgressive,
+                                         cv::IMWRITE_JPEG_RST_INTERVAL, isInRestarts});
+            EXPECT_NE(readBytes(whole).ImageData(), nullptr);
+            Bytes cut(whole.begin(), whole.end() - 60);
+            cut.insert(cut.end(), {0xFF, 0xD9});
+            EXPECT_EQ(readBytes(cut).ImageData(), nullptr);
+        }
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
 TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
 {
     Console console;
@@ -145,11 +171,17 @@ TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
     EXPECT_EQ(console.caught(), "");
 }
 
-/// A flat grey progressive picture, whose last scan, which brings nothing new, comes @p times.
+/// A flat grey picture, square, in two scans, the second of which, where nothing is, comes @p
+/// times.
 Bytes flatPicture(int side, int times)
 {
-    Bytes bytes = encoded(".jpg", cv::Mat(side, side, CV_8UC1, cv::Scalar(128)),
-                          {cv::IMWRITE_JPEG_PROGRESSIVE, 1});
+    Jpeg jpeg;
+    jpeg.colour = {128};
+    jpeg.colours = JCS_GRAYSCALE;
+    jpeg.width = side;
+    jpeg.height = side;
+    jpeg.scans = {{1, {0}, 0, 0, 0, 0}, {1, {0}, 1, 63, 0, 0}};
+    Bytes bytes = jpeg.bytes();
     Bytes const startOfScan = {0xFF, 0xDA};
     auto const last =
         std::find_end(bytes.begin(), bytes.end(), startOfScan.begin(), startOfScan.end());
@@ -165,7 +197,9 @@ TEST(VelImageJpeg, FlatPicturesInManyScansAreReadUnlessTheirWorkIsOutOfProportio
 {
     Console console;
     EXPECT_EQ(readBytes(flatPicture(3000, 1)).Width(), 3000);
-    EXPECT_EQ(readBytes(flatPicture(100, 1)).Width(), 100);
+    EXPECT_EQ(readBytes(flatPicture(3000, 10)).Width(), 3000);
+    EXPECT_EQ(readBytes(flatPicture(100, 400)).Width(), 100);
+    EXPECT_EQ(readBytes(flatPicture(100, 600)).ImageData(), nullptr);
     EXPECT_EQ(readBytes(flatPicture(3000, 300)).ImageData(), nullptr);
     // All that may follow a picture does not make its scans worth more.
     Bytes padded = flatPicture(3000, 300);

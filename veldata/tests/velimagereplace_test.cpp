@@ -93,21 +93,26 @@ TEST_F(VelImageReplace, AFileOverTheSizeLimitKeepsTheOldOneAndLeavesNothingBehin
     VelImage const image = noise(100, 80);
     Console console;
     for (char const* extension : extensions) {
-        std::string const path = oldFile(std::string("image") + extension);
+        std::string const name = std::string("image") + extension;
+        std::string const path = oldFile(name);
         ASSERT_EQ(image.SaveImage(directory.path(std::string("whole") + extension).c_str(), 6), 1);
         rlim_t const whole =
             std::filesystem::file_size(directory.path(std::string("whole") + extension));
         std::filesystem::remove(directory.path(std::string("whole") + extension));
         for (rlim_t limit : {rlim_t{0}, rlim_t{1}, whole / 2, whole - 1, whole}) {
-            int const answer = inChild([&] {
-                rlimit const size = {limit, limit};
-                std::signal(SIGXFSZ, SIG_IGN);
-                ::setrlimit(RLIMIT_FSIZE, &size);
-                return image.SaveImage(path.c_str(), 6);
-            });
-            EXPECT_EQ(answer, limit == whole ? 1 : 0) << extension << ' ' << limit;
-            EXPECT_EQ(holdsTheOld(path), limit < whole) << extension << ' ' << limit;
-            EXPECT_EQ(directory.entries(), Names({std::string("image") + extension}));
+            // The signal of the limit ends a process that does not ignore it.
+            for (auto const onSignal : {SIG_IGN, SIG_DFL}) {
+                oldFile(name);
+                int const answer = inChild([&] {
+                    rlimit const size = {limit, limit};
+                    std::signal(SIGXFSZ, onSignal);
+                    ::setrlimit(RLIMIT_FSIZE, &size);
+                    return image.SaveImage(path.c_str(), 6);
+                });
+                EXPECT_EQ(answer, limit == whole ? 1 : 0) << extension << ' ' << limit;
+                EXPECT_EQ(holdsTheOld(path), limit < whole) << extension << ' ' << limit;
+                EXPECT_EQ(directory.entries(), Names({name}));
+            }
         }
         std::filesystem::remove(path);
     }
@@ -225,6 +230,16 @@ TEST_F(VelImageReplaceAsAnother, OwnerAndModeOfTheFileAreKept)
 TEST_F(VelImageReplaceAsAnother, AGroupOneBelongsToIsKept)
 {
     std::string const path = fileOf(nobody, someGroup, 0664);
+    EXPECT_EQ(inChild([&path] { return become(nobody, {someGroup}) && savesTo(path) ? 1 : 0; }), 1);
+    EXPECT_TRUE(holdsTheNew(path));
+    EXPECT_EQ(statusOf(path).st_uid, nobody);
+    EXPECT_EQ(statusOf(path).st_gid, someGroup);
+    EXPECT_EQ(modeOf(path), 0664u);
+}
+
+TEST_F(VelImageReplaceAsAnother, AFileOfAnotherInAGroupOneBelongsToStaysInIt)
+{
+    std::string const path = fileOf(somebody, someGroup, 0664);
     EXPECT_EQ(inChild([&path] { return become(nobody, {someGroup}) && savesTo(path) ? 1 : 0; }), 1);
     EXPECT_TRUE(holdsTheNew(path));
     EXPECT_EQ(statusOf(path).st_uid, nobody);
