@@ -261,13 +261,14 @@ def steps_section(path):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    for name in ("rows", "growth", "memory", "before", "steps", "template", "output"):
+    parser.add_argument("--rows", type=pathlib.Path, required=True, nargs="+")
+    for name in ("growth", "memory", "before", "steps", "template", "output"):
         parser.add_argument(f"--{name}", type=pathlib.Path, required=True)
     parser.add_argument("--compiler", required=True)
     parser.add_argument("--flags", default="")
     options = parser.parse_args()
 
-    rows = json.loads(options.rows.read_text())
+    rows = [row for path in options.rows for row in json.loads(path.read_text())]
     before = {row["name"]: row for row in json.loads(options.before.read_text())}
     images = options.output.parent / "images" / "performance"
     images.mkdir(parents=True, exist_ok=True)

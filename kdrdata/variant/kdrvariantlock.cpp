@@ -4,11 +4,13 @@
 #include <kdrdata/variant/kdrvariantkinds_p.h>
 #include <kdrdata/variant/kdrvariantprivate.h>
 
-// The mutexes are made by default, which makes them not recursive, in place and without a call.
-KDRVariantLock::KDRVariantLock() : d(new KDRVariantPrivate) {}
+KDRVariantLock::KDRVariantLock() : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate) {}
 
 #define KDR_DEFINE_CONSTRUCTOR(Argument)                                                           \
-    KDRVariantLock::KDRVariantLock(Argument value) : d(new KDRVariantPrivate(value)) {}
+    KDRVariantLock::KDRVariantLock(Argument value)                                                 \
+        : m_mutex(QMutex::NonRecursive), d(new KDRVariantPrivate(value))                           \
+    {                                                                                              \
+    }
 KDR_DEFINE_CONSTRUCTOR(int)
 KDR_DEFINE_CONSTRUCTOR(long)
 KDR_DEFINE_CONSTRUCTOR(long long)
@@ -25,7 +27,7 @@ KDR_VARIANT_KINDS(KDR_DEFINE_ROW)
 #undef KDR_DEFINE_ROW
 #undef KDR_DEFINE_CONSTRUCTOR
 
-KDRVariantLock::KDRVariantLock(Store) noexcept : d(nullptr) {}
+KDRVariantLock::KDRVariantLock(Store) noexcept : m_mutex(QMutex::NonRecursive), d(nullptr) {}
 
 KDRVariantLock::~KDRVariantLock() { KDRInternal::giveUp(d); }
 

@@ -149,7 +149,12 @@ bool isLostByConstruction(KDRVariantKind kind)
 }
 
 KDRVariantPrivate::KDRVariantPrivate(KDRVariantKind kind, void* payload) noexcept
-    : m_refs(1), m_kind(kind), m_payload(payload), m_disposed(false), m_everShared(false)
+    : m_refs(1),
+      m_kind(kind),
+      m_payload(payload),
+      m_mutex(QMutex::NonRecursive),
+      m_disposed(false),
+      m_everShared(false)
 {
 }
 

@@ -45,7 +45,13 @@ void appendCells(KDRShapeArray* cells, KDRPointArray const& centres, int count,
 } // namespace
 
 KDRShapePrivate::KDRShapePrivate()
-    : m_kind(KDRShape::Empty), m_refs(1), m_p0(0.0), m_p1(0.0), m_p2(0.0), m_p3(0.0)
+    : m_kind(KDRShape::Empty),
+      m_refs(1),
+      m_mutex(QMutex::NonRecursive),
+      m_p0(0.0),
+      m_p1(0.0),
+      m_p2(0.0),
+      m_p3(0.0)
 {
 }
 
