@@ -253,6 +253,7 @@ def prepare(jobs, only):
     configure()
     say("looking for rules to break")
     mutants = find_mutants(only)
+    equivalents.name_all(mutants, {m.path: (TREE / m.path).read_text() for m in mutants})
     say(f"{len(mutants)} found; building")
     mutants = build_instrumented(mutants, jobs)
     say(f"{len(mutants)} compile; seeing which tests reach them")
@@ -286,8 +287,6 @@ def main():
         mutants, reaching = pickle.loads((WORK / "prepared").read_bytes())
     else:
         mutants, reaching = prepare(options.jobs, options.only)
-    originals = {m.path: (TOP / m.path).read_text() for m in mutants}
-    equivalents.name_all(mutants, originals)
     chosen = [m for m in mutants if m.path.startswith(options.only)]
     if options.sample is not None and options.sample < len(chosen):
         chosen = random.Random(options.seed).sample(chosen, options.sample)

@@ -20,6 +20,11 @@ constexpr std::size_t signatureSize = 8;
 /// libpng's answer to errors and warnings alike: the picture is refused.
 [[noreturn]] void refuse(png_structp png, png_const_charp) { png_longjmp(png, 1); }
 
+/// The answer to warnings where a picture is written. One comes from the middle of zlib where
+/// memory runs out; jumping out of there would lose what zlib has got so far, and an error follows
+/// anyway.
+void passOver(png_structp, png_const_charp) {}
+
 #if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
 constexpr bool isLittleEndian = true;
 #else
@@ -318,7 +323,7 @@ bool writeRows(png_structp png, png_infop info, VelPixels const& pixels, Excerpt
 
 bool write(VelPixels const& pixels, Excerpt const& excerpt, Packing const& packing, Sink& sink)
 {
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, refuse);
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, refuse, passOver);
     png_infop info = png ? png_create_info_struct(png) : nullptr;
     if (info)
         png_set_write_fn(png, &sink, writeBytes, flushNothing);
