@@ -268,7 +268,10 @@ def main():
     parser.add_argument("--flags", default="")
     options = parser.parse_args()
 
-    rows = [row for path in options.rows for row in json.loads(path.read_text())]
+    template = options.template.read_text()
+    shown = re.findall(r"@rows ([a-z -]+)@", template)
+    rows = [row for path in options.rows for row in json.loads(path.read_text())
+            if row["family"] in shown]
     before = {row["name"]: row for row in json.loads(options.before.read_text())}
     images = options.output.parent / "images" / "performance"
     images.mkdir(parents=True, exist_ok=True)
@@ -301,7 +304,7 @@ def main():
             return f"{sum(goal['reached'] for goal in goals)} of {len(goals)}"
         sys.exit(f"unknown placeholder {match[0]}")
 
-    text = re.sub(r"@([a-z][a-z -]*)@", section, options.template.read_text())
+    text = re.sub(r"@([a-z][a-z -]*)@", section, template)
     options.output.write_text(text)
     print(f"wrote {options.output}")
 
