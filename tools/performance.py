@@ -54,7 +54,7 @@ def rows_table(rows, before):
     for row in rows:
         earlier = before.get(row["name"], {})
         lines.append([
-            row["name"] + (f" (a {row['unit']})" if row["unit"] != "operation" else ""),
+            row["name"] + (f", per {row['unit']}" if row["unit"] != "operation" else ""),
             duration(row["ours"]),
             f"{row.get('peerName', '')} {duration(row['peer'])}" if "peer" in row else "",
             ratio(earlier.get("toPeer")),
