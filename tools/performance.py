@@ -141,7 +141,7 @@ def plot_ratios(rows, before, path, title):
 def plot_growth(curves, path, title):
     """Time over size, both logarithmic."""
     left, right, top, bottom = 70, 520, 40, 380
-    picture = Svg(860, 430)
+    picture = Svg(940, 430)
     times = [time for curve in curves for _, time in curve["points"]]
     sizes = [size for curve in curves for size, _ in curve["points"]]
     low_x, high_x = (math.floor(math.log10(min(sizes))), math.ceil(math.log10(max(sizes))))
