@@ -144,7 +144,7 @@ KDRImage imageOf(int pixels)
 
 // An operation on one value that is made beforehand; the result passes through escape().
 template <class Make, class Operation>
-auto on(Make const& make, Operation const& operation)
+auto on(Make make, Operation operation)
 {
     return [make, operation](int size) -> std::function<void()> {
         auto const value = std::make_shared<decltype(make(size))>(make(size));

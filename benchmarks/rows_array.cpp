@@ -220,7 +220,6 @@ constexpr int firstText = numbers;
 constexpr int firstShape = firstText + texts;
 constexpr int firstImage = firstShape + shapes;
 constexpr int firstList = firstImage + pairs;
-constexpr int firstMatrix = firstList + pairs;
 constexpr int tools = 4;
 constexpr int listLength = 16;
 

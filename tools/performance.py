@@ -54,7 +54,7 @@ def rows_table(rows, before):
     for row in rows:
         earlier = before.get(row["name"], {})
         lines.append([
-            row["name"] + (f" (a {row['unit']})" if row["unit"] != "operation" else ""),
+            row["name"] + (f", per {row['unit']}" if row["unit"] != "operation" else ""),
             duration(row["ours"]),
             f"{row.get('peerName', '')} {duration(row['peer'])}" if "peer" in row else "",
             ratio(earlier.get("toPeer")),
@@ -141,7 +141,7 @@ def plot_ratios(rows, before, path, title):
 def plot_growth(curves, path, title):
     """Time over size, both logarithmic."""
     left, right, top, bottom = 70, 520, 40, 380
-    picture = Svg(860, 430)
+    picture = Svg(940, 430)
     times = [time for curve in curves for _, time in curve["points"]]
     sizes = [size for curve in curves for size, _ in curve["points"]]
     low_x, high_x = (math.floor(math.log10(min(sizes))), math.ceil(math.log10(max(sizes))))
@@ -268,7 +268,10 @@ def main():
     parser.add_argument("--flags", default="")
     options = parser.parse_args()
 
-    rows = [row for path in options.rows for row in json.loads(path.read_text())]
+    template = options.template.read_text()
+    shown = re.findall(r"@rows ([a-z -]+)@", template)
+    rows = [row for path in options.rows for row in json.loads(path.read_text())
+            if row["family"] in shown]
     before = {row["name"]: row for row in json.loads(options.before.read_text())}
     images = options.output.parent / "images" / "performance"
     images.mkdir(parents=True, exist_ok=True)
@@ -301,7 +304,7 @@ def main():
             return f"{sum(goal['reached'] for goal in goals)} of {len(goals)}"
         sys.exit(f"unknown placeholder {match[0]}")
 
-    text = re.sub(r"@([a-z][a-z -]*)@", section, options.template.read_text())
+    text = re.sub(r"@([a-z][a-z -]*)@", section, template)
     options.output.write_text(text)
     print(f"wrote {options.output}")
 
