@@ -8,14 +8,14 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 lintian --fail-on error "$packages"/*.deb
 
-work=$(mktemp --directory)
-trap 'rm -rf "$work"' EXIT
+unpacked=$(mktemp --directory)
+trap 'rm -rf "$unpacked"' EXIT
 for package in "$packages"/*.deb; do
-    dpkg-deb --extract "$package" "$work/root"
+    dpkg-deb --extract "$package" "$unpacked/root"
 done
-cmake -S "$here/find_package" -B "$work/build" "-DCMAKE_PREFIX_PATH=$work/root/usr"
-cmake --build "$work/build"
+cmake -S "$here/find_package" -B "$unpacked/build" "-DCMAKE_PREFIX_PATH=$unpacked/root/usr"
+cmake --build "$unpacked/build"
 # The loader does not look into this root, and the packaged libraries carry no paths.
-LD_LIBRARY_PATH=$(dirname "$(find "$work/root" -name 'libKDRData.so')") "$work/build/consumer"
+LD_LIBRARY_PATH=$(dirname "$(find "$unpacked/root" -name 'libKDRData.so')") "$unpacked/build/consumer"
 
-test -f "$work/root/usr/share/doc/libkdrdata-doc/html/index.html"
+test -f "$unpacked/root/usr/share/doc/libkdrdata-doc/html/index.html"

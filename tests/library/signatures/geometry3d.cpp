@@ -340,10 +340,8 @@ MEMBER(KDRShape3D, bool, toPlane, (KDRVector3d*, KDRVector3d*));
 MEMBER(KDRShape3D, bool, toCircle, (KDRVector3d*, KDRVector3d*, float*));
 MEMBER(KDRShape3D, bool, toEllipse, (KDRVector3d*, KDRVector3d*, float*, float*));
 MEMBER(KDRShape3D, bool, toRect, (KDRVector3d*, KDRVector3d*, float*, float*));
-MEMBER(KDRShape3D, bool, toAnnulus,
-       (KDRVector3d*, KDRVector3d*, float*, float*, float*, float*));
-MEMBER(KDRShape3D, bool, toTorus,
-       (KDRVector3d*, KDRVector3d*, float*, float*, float*, float*));
+MEMBER(KDRShape3D, bool, toAnnulus, (KDRVector3d*, KDRVector3d*, float*, float*, float*, float*));
+MEMBER(KDRShape3D, bool, toTorus, (KDRVector3d*, KDRVector3d*, float*, float*, float*, float*));
 MEMBER(KDRShape3D, bool, toArc, (KDRVector3d*, KDRVector3d*, float*, float*, float*));
 MEMBER(KDRShape3D, bool, toTriangle, (KDRVector3d*, KDRVector3d*, KDRVector3d*));
 MEMBER(KDRShape3D, bool, toBox, (KDRVector3d*, KDRVector3d*, KDRVector3d*));

@@ -195,8 +195,7 @@ MEMBER(KDRRegion, void, fromBinImage, (KDRImage&));
 MEMBER(KDRRegion, bool, toBinImage, (KDRImage*));
 MEMBER(KDRRegion, void, fromRunLengthEncodeing,
        (KDRNumberArray&, KDRNumberArray&, KDRNumberArray&, int, int));
-MEMBER(KDRRegion, bool, toRunLengthEncodeing,
-       (KDRNumberArray*, KDRNumberArray*, KDRNumberArray*));
+MEMBER(KDRRegion, bool, toRunLengthEncodeing, (KDRNumberArray*, KDRNumberArray*, KDRNumberArray*));
 
 MADE_FROM(KDRRegionArray);
 MADE_FROM(KDRRegionArray, KDRRegionArray const&);
