@@ -100,8 +100,10 @@ KDRVariantArray variantsOf(int length)
 KDRPointArray pointsOf(int length)
 {
     KDRPointArray points;
-    for (int i = 0; i < length; ++i)
-        points.push_back(KDRPoint(i % 1000, i / 1000));
+    for (int i = 0; i < length; ++i) {
+        int const row = i / 1000;
+        points.push_back(KDRPoint(i % 1000, row));
+    }
     return points;
 }
 

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -244,7 +245,7 @@ void compareSaving(ratio::Table& table, Directory const& directory, char const* 
 } // namespace
 
 int main(int argc, char* argv[])
-{
+try {
     cv::setNumThreads(1);
     ratio::Table table(argc, argv);
     Directory const directory;
@@ -268,4 +269,7 @@ int main(int argc, char* argv[])
     compareSaving(table, directory, "TIFF photograph", ".tif", colour, 1.1);
     compareSaving(table, directory, "BMP photograph", ".bmp", colour, 1.1);
     return table.finish();
+} catch (std::exception const& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
 }

@@ -400,8 +400,10 @@ constexpr int outlineLength = 4000;
 VelPointArray outlinePoints()
 {
     VelPointArray points;
-    for (int i = 0; i < outlineLength; ++i)
-        points.Append(VelPoint(i % 100, i / 100));
+    for (int i = 0; i < outlineLength; ++i) {
+        int const row = i / 100;
+        points.Append(VelPoint(i % 100, row));
+    }
     return points;
 }
 
@@ -412,8 +414,9 @@ void outlines(ratio::Table& table)
     KDRContour contour;
     std::vector<cv::Point2f> cvPoints;
     for (int i = 0; i < outlineLength; ++i) {
-        corners.push_back(KDRPoint(i % 100, i / 100));
-        cvPoints.emplace_back(static_cast<float>(i % 100), static_cast<float>(i / 100));
+        int const row = i / 100;
+        corners.push_back(KDRPoint(i % 100, row));
+        cvPoints.emplace_back(static_cast<float>(i % 100), static_cast<float>(row));
     }
     contour.FromPointArray(corners);
     KDRShape shape;

@@ -10,8 +10,7 @@
 
 #include <spawn.h>
 #include <sys/wait.h>
-
-extern char** environ;
+#include <unistd.h>
 
 namespace {
 
@@ -66,7 +65,7 @@ void add(ratio::Table& table, char const* name, char const* unit, double ours, d
 } // namespace
 
 int main(int argc, char* argv[])
-{
+try {
     constexpr int turns = 41;
     ratio::Table table(argc, argv);
     table.row("start", "a program that makes one variant")
@@ -82,4 +81,7 @@ int main(int argc, char* argv[])
         static_cast<double>(theirs.kilobytes));
     add(table, "its shared libraries (30 at most)", "library", ours.libraries, theirs.libraries);
     return table.finish();
+} catch (std::exception const& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
 }

@@ -65,7 +65,7 @@ constexpr int fewZeros = 1000;
 template <class Format>
 QString numberInZeros(QString const& marker, int width, Format const& format)
 {
-    QString const bare = format(marker, 0);
+    QString bare = format(marker, 0);
     if (bare.size() >= width)
         return bare;
     QString filled = format(marker, bare.size() + 1);
