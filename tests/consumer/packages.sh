@@ -11,11 +11,11 @@ lintian --fail-on error "$packages"/*.deb
 unpacked=$(mktemp --directory)
 trap 'rm -rf "$unpacked"' EXIT
 for package in "$packages"/*.deb; do
-    dpkg-deb --extract "$package" "$unpacked/root"
+    dpkg-deb --extract "$package" "$unpacked/tree"
 done
-cmake -S "$here/find_package" -B "$unpacked/build" "-DCMAKE_PREFIX_PATH=$unpacked/root/usr"
+cmake -S "$here/find_package" -B "$unpacked/build" "-DCMAKE_PREFIX_PATH=$unpacked/tree/usr"
 cmake --build "$unpacked/build"
 # The loader does not look into this root, and the packaged libraries carry no paths.
-LD_LIBRARY_PATH=$(dirname "$(find "$unpacked/root" -name 'libKDRData.so')") "$unpacked/build/consumer"
+LD_LIBRARY_PATH=$(dirname "$(find "$unpacked/tree" -name 'libKDRData.so')") "$unpacked/build/consumer"
 
-test -f "$unpacked/root/usr/share/doc/libkdrdata-doc/html/index.html"
+test -f "$unpacked/tree/usr/share/doc/libkdrdata-doc/html/index.html"
