@@ -2,29 +2,17 @@
 
 #include <kdrdata/text/text.h>
 
+#include "../support/inthreads.h"
 #include "../support/qtprinters.h"
 
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <utility>
 #include <vector>
 
 namespace {
 
-constexpr int threadCount = 4;
 constexpr int rounds = 200;
-
-template <class Body>
-void inThreads(Body const& body)
-{
-    std::vector<std::thread> threads;
-    threads.reserve(threadCount);
-    for (int number = 0; number < threadCount; ++number)
-        threads.emplace_back(body, number);
-    for (std::thread& thread : threads)
-        thread.join();
-}
 
 TEST(TextConcurrency, StringsOfOneTextAreCopiedReadAndChangedInSeveralThreads)
 {

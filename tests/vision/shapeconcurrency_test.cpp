@@ -6,26 +6,14 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
 #include <vector>
 
+#include "../support/inthreads.h"
 #include "../support/shapeaccess.h"
 
 namespace {
 
-constexpr int threadCount = 4;
 constexpr int rounds = 500;
-
-template <class Body>
-void inThreads(Body const& body)
-{
-    std::vector<std::thread> threads;
-    threads.reserve(threadCount);
-    for (int number = 0; number < threadCount; ++number)
-        threads.emplace_back(body, number);
-    for (std::thread& thread : threads)
-        thread.join();
-}
 
 KDRShape circle(double radius)
 {
