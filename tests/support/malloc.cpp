@@ -135,6 +135,14 @@ void* operator new(std::size_t size)
     return block;
 }
 void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept
+{
+    return malloc(size > 0 ? size : 1);
+}
+void* operator new[](std::size_t size, std::nothrow_t const& tag) noexcept
+{
+    return operator new(size, tag);
+}
 void operator delete(void* block) noexcept { free(block); }
 void operator delete[](void* block) noexcept { free(block); }
 void operator delete(void* block, std::size_t) noexcept { free(block); }

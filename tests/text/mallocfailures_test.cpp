@@ -3,7 +3,7 @@
 
 #include <kdrdata/text/text.h>
 
-#include "../support/mallocfailures.h"
+#include "../support/malloc.h"
 #include "../support/qtprinters.h"
 #include "../support/qtvalues.h"
 
@@ -64,13 +64,13 @@ int expectKept(Change<Value> const& change, Value const& start, Value const& oth
         bool thrown = false;
         bool failed = false;
         {
-            mallocfailures::FailAfter few(successes);
+            memory::FailOnce few(successes);
             try {
                 change.make(value, other);
             } catch (std::bad_alloc const&) {
                 thrown = true;
             }
-            failed = few.failed();
+            failed = few.end();
         }
         EXPECT_TRUE(isSame(value, thrown ? start : expected));
         EXPECT_EQ(thrown, failed);
@@ -105,9 +105,9 @@ TEST(MallocFailures, ReachQt)
 {
     KDRString const text("text");
     KDRString other(text);
-    mallocfailures::FailAfter none(0);
+    memory::FailOnce none(0);
     EXPECT_THROW(other.push_back(text), std::bad_alloc);
-    EXPECT_TRUE(none.failed());
+    EXPECT_TRUE(none.end());
 }
 
 TEST(MallocFailures, LeaveTheTextAsItWas)
@@ -218,14 +218,14 @@ void expectArrayKept(Array const& start, Value const& value)
         bool failed = true;
         for (int successes = 0; failed; ++successes) {
             Array array(start);
-            mallocfailures::FailAfter few(successes);
+            memory::FailOnce few(successes);
             bool thrown = false;
             try {
                 edit(array, value);
             } catch (std::bad_alloc const&) {
                 thrown = true;
             }
-            failed = few.failed();
+            failed = few.end();
             ASSERT_EQ(thrown, failed);
             if (!thrown)
                 continue;
@@ -254,14 +254,14 @@ TEST(MallocFailures, LeaveNoHolderWithoutItsText)
     KDRString const text("some %1");
     bool failed = true;
     for (int successes = 0; failed; ++successes) {
-        mallocfailures::FailAfter few(successes);
+        memory::FailOnce few(successes);
         bool thrown = false;
         try {
             text.toUpper();
         } catch (std::bad_alloc const&) {
             thrown = true;
         }
-        failed = few.failed();
+        failed = few.end();
         EXPECT_EQ(thrown, failed) << successes;
     }
     EXPECT_EQ(text.toUpper(), KDRString("SOME %1"));

@@ -149,7 +149,8 @@ TEST(VelImagePng, IndexesBeyondThePaletteAreBlack)
         png.colourType = PNG_COLOR_TYPE_PALETTE;
         png.colours = 40;
         png.isInterlaced = isInterlaced;
-        cv::Mat const view = viewOf(readPng(png));
+        VelImage const image = readPng(png);
+        cv::Mat const view = viewOf(image);
         ASSERT_EQ(view.type(), CV_8UC3);
         EXPECT_EQ(view.at<cv::Vec3b>(0, 7), cv::Vec3b(9, 220, 35));
         EXPECT_EQ(view.at<cv::Vec3b>(0, 8), cv::Vec3b(0, 0, 0)); // index 40
