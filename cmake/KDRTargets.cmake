@@ -44,14 +44,41 @@ function(kdr_calls_itself_directly target)
     endif()
 endfunction()
 
+# GoogleTest's header takes longer to read than most tests, so that it is read once for the tests of
+# the core library and once for those above it, whose code is position-independent for Qt.
+function(kdr_precompile_gtest target)
+    if(PROJECT_NAME STREQUAL "VelData")
+        set(host kdr_precompiled_gtest)
+        set(flags)
+    else()
+        set(host kdr_precompiled_gtest_qt)
+        set(flags Qt5::Core)
+    endif()
+    if(NOT TARGET ${host})
+        add_library(${host} OBJECT "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/precompiled.cpp")
+        target_compile_features(${host} PRIVATE cxx_std_17)
+        target_link_libraries(${host} PRIVATE GTest::gtest ${flags})
+        target_precompile_headers(${host} PRIVATE <gtest/gtest.h>)
+        target_compile_options(${host} PRIVATE -O0)
+        kdr_enable_warnings(${host})
+    endif()
+    target_precompile_headers(${target} REUSE_FROM ${host})
+endfunction()
+
 # A GoogleTest executable whose every case is a test of its own process, so that
 # process-wide state (the local text codec) cannot leak from one case to the next.
+# Never optimised, whatever the libraries are that it tries: that takes minutes for tables of
+# hundreds of operations. OWN_FLAGS says that it is compiled in another way than the other tests.
 function(kdr_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PREFIX" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "OWN_FLAGS" "PREFIX" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
     target_compile_features(${name} PRIVATE cxx_std_17)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gtest_main)
     kdr_enable_warnings(${name})
+    if(NOT arg_OWN_FLAGS)
+        target_compile_options(${name} PRIVATE -O0)
+        kdr_precompile_gtest(${name})
+    endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${arg_PREFIX}"
         DISCOVERY_MODE PRE_TEST

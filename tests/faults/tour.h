@@ -6,10 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <exception>
-#include <iostream>
 #include <new>
-#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -37,23 +34,19 @@ public:
     Tour(Tour const&) = delete;
     Tour& operator=(Tour const&) = delete;
 
-    ~Tour()
-    {
-        auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
-        std::cout << test->name() << ": " << m_operations << " operations, " << m_failures
-                  << " failing requests for memory" << std::endl;
-        EXPECT_GT(m_operations, 0);
-        EXPECT_GT(m_failures, 0) << "nothing here takes memory";
-    }
+    ~Tour();
 
     /// An operation on a state that nothing else shares, and the same with a copy beside it.
     template <class Make, class Operation>
     void visit(char const* name, Make const& make, Operation const& operation)
     {
+        using State = decltype(make());
         visitAlone(name, make, operation);
         SCOPED_TRACE("shared");
-        auto const makeShared = [&] { return Shared<decltype(make())>(make()); };
-        run(name, makeShared, [&](auto& shared) { return operation(shared.state); });
+        auto const makeShared = [&make] { return Shared<State>(make()); };
+        auto const onTheOne = [&operation](Shared<State>& both) { return operation(both.state); };
+        Play<decltype(makeShared), decltype(onTheOne)> play(makeShared, onTheOne);
+        run(name, play);
     }
 
     /// The same without the copy, for what a copy takes part in.
@@ -61,11 +54,74 @@ public:
     void visitAlone(char const* name, Make const& make, Operation const& operation)
     {
         ++m_operations;
-        run(name, make, operation);
+        Play<Make, Operation> play(make, operation);
+        run(name, play);
     }
 
 private:
-    static constexpr long tooManyRequests = 200000;
+    /// One time that an operation runs, with or without a request that fails.
+    class Trial
+    {
+    public:
+        explicit Trial(memory::FailOnce* watch = nullptr) : m_watch(watch) {}
+
+        /// To be called when the operation is over, before anything else takes memory.
+        void end() { hasStruck = m_watch && m_watch->end(); }
+
+        bool hasStruck = false;
+        std::string answer;
+
+    private:
+        memory::FailOnce* m_watch;
+    };
+
+    /// An operation and its state without their types: what tries them is compiled once, and not
+    /// for each of hundreds of operations.
+    class Stage
+    {
+    public:
+        Stage() = default;
+        Stage(Stage const&) = delete;
+        Stage& operator=(Stage const&) = delete;
+        virtual ~Stage() = default;
+
+        virtual void begin() = 0;
+        virtual void operate(Trial& trial) = 0;
+        virtual std::string inWords() const = 0;
+        virtual void end() = 0;
+    };
+
+    template <class Make, class Operation>
+    class Play final : public Stage
+    {
+    public:
+        Play(Make const& make, Operation const& operation) : m_make(make), m_operation(operation) {}
+
+        // Made in its place: a copy would share with what it was copied from.
+        void begin() override { m_state = ::new (m_place) State(m_make()); }
+        void end() override { m_state->~State(); }
+        std::string inWords() const override { return words::of(*m_state); }
+
+        void operate(Trial& trial) override
+        {
+            if constexpr (std::is_void_v<std::invoke_result_t<Operation, State&>>) {
+                m_operation(*m_state);
+                trial.end();
+            } else {
+                auto const answer = m_operation(*m_state);
+                trial.end();
+                trial.answer = words::of(answer);
+            }
+        }
+
+    private:
+        using State = std::invoke_result_t<Make>;
+
+        Make const& m_make;
+        Operation const& m_operation;
+        alignas(State) unsigned char m_place[sizeof(State)];
+        State* m_state = nullptr;
+    };
 
     template <class State>
     struct Shared
@@ -90,93 +146,9 @@ private:
         std::string answer;
     };
 
-    template <class Operation, class State>
-    static constexpr bool answers = !std::is_void_v<std::invoke_result_t<Operation, State&>>;
-
-    template <class Make, class Operation>
-    void run(char const* name, Make const& make, Operation const& operation)
-    {
-        SCOPED_TRACE(name);
-        Expected expected;
-        // Twice, so that what is made once in a process is there.
-        for (int i = 0; i < 2; ++i) {
-            auto state = make();
-            expected.before = words::of(state);
-            if constexpr (answers<Operation, decltype(state)>)
-                expected.answer = words::of(operation(state));
-            else
-                operation(state);
-            expected.after = words::of(state);
-        }
-        long requests = 0;
-        while (attempt(make, operation, requests, expected)) {
-            ++requests;
-            ASSERT_LT(requests, tooManyRequests) << "does not come to an end";
-            if (testing::Test::HasFailure())
-                break;
-        }
-        m_failures += requests;
-    }
-
-    // Whether the request was there to fail.
-    template <class Make, class Operation>
-    bool attempt(Make const& make, Operation const& operation, long successes,
-                 Expected const& expected)
-    {
-        SCOPED_TRACE("after " + std::to_string(successes) + " requests");
-        long const before = memory::live();
-        bool const struck = failing(make, operation, successes, expected);
-        // A cache may have grown. What stays behind stays behind each time.
-        if (memory::live() != before) {
-            constexpr int repetitions = 8;
-            failing(make, operation, successes, expected);
-            long const then = memory::live();
-            for (int i = 0; i < repetitions; ++i)
-                failing(make, operation, successes, expected);
-            if (m_losses == Losses::None) {
-                EXPECT_LT(memory::live() - then, repetitions) << "memory is lost";
-            }
-            EXPECT_GT(memory::live() - then, -repetitions) << "memory is given back twice";
-        }
-        return struck;
-    }
-
-    template <class Make, class Operation>
-    static bool failing(Make const& make, Operation const& operation, long successes,
-                        Expected const& expected)
-    {
-        auto state = make();
-        bool struck = false;
-        bool threw = false;
-        {
-            memory::FailOnce watch(successes);
-            try {
-                if constexpr (answers<Operation, decltype(state)>) {
-                    auto const answer = operation(state);
-                    struck = watch.end();
-                    EXPECT_EQ(words::of(answer), expected.answer);
-                } else {
-                    operation(state);
-                    struck = watch.end();
-                }
-            } catch (std::bad_alloc const&) {
-                struck = watch.end();
-                threw = true;
-            } catch (std::exception const& other) {
-                struck = watch.end();
-                ADD_FAILURE() << "throws " << other.what();
-            }
-        }
-        EXPECT_TRUE(struck || !threw) << "throws without a reason";
-        std::string const now = words::of(state);
-        if (now != expected.before) {
-            EXPECT_EQ(now, expected.after) << "neither old nor new";
-        } else {
-            operation(state);
-            EXPECT_EQ(words::of(state), expected.after) << "does not recover";
-        }
-        return struck;
-    }
+    void run(char const* name, Stage& stage);
+    bool attempt(Stage& stage, long successes, Expected const& expected) const;
+    static bool failing(Stage& stage, long successes, Expected const& expected);
 
     Losses m_losses;
     long m_operations = 0;

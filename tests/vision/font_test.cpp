@@ -122,9 +122,9 @@ TEST(Font, NumbersKeepAll64Bits)
     KDRFont font;
     for (long const number : {LONG_MIN, -1L, 0L, 1L << 40, LONG_MAX}) {
         font.setSize(number);
-        font.setWeight(-(number + 1));
+        font.setWeight(-1 - number);
         EXPECT_EQ(font.size(), number);
-        EXPECT_EQ(font.weight(), -(number + 1));
+        EXPECT_EQ(font.weight(), -1 - number);
     }
 }
 

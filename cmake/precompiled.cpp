@@ -1,0 +1,1 @@
+// Holds the header that the tests share; see kdr_precompile_gtest.
