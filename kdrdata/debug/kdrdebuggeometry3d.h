@@ -1,9 +1,14 @@
 #ifndef KDRDATA_KDRDEBUGGEOMETRY3D_H
 #define KDRDATA_KDRDEBUGGEOMETRY3D_H
 
+/// @file
+/// The text forms of three-dimensional values: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <kdrdata/debug/kdrdebugpieces.h>
 #include <kdrdata/geometry3d/geometry3d.h>
 
+/// @cond
 namespace KDRDebug {
 
 template <>
@@ -127,5 +132,6 @@ struct Form<KDRShape3DArray> : ArrayForm<KDRShape3DArray, KDRShape3D>
 };
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

@@ -1,12 +1,16 @@
 #ifndef KDRDATA_KDRDEBUGPIECES_H
 #define KDRDATA_KDRDEBUGPIECES_H
 
+/// @file
+/// What the text forms are put together from: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <QtCore/qbytearray.h>
 
 #include <cmath>
 #include <string>
 
-/// What the text forms are put together from; see kdrdebugtext.h.
+/// @cond
 namespace KDRDebug {
 
 /// How much of a long value a text form shows.
@@ -213,5 +217,6 @@ struct ArrayForm
 };
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

@@ -1,10 +1,15 @@
 #ifndef KDRDATA_KDRDEBUGSCALARS_H
 #define KDRDATA_KDRDEBUGSCALARS_H
 
+/// @file
+/// The text forms of texts, bytes, numbers and choices: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <kdrdata/debug/kdrdebugpieces.h>
 #include <kdrdata/scalars/scalars.h>
 #include <kdrdata/text/text.h>
 
+/// @cond
 namespace KDRDebug {
 
 template <>
@@ -158,5 +163,6 @@ struct Form<KDRColorArray> : NoDataForm<KDRColorArray>
 };
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

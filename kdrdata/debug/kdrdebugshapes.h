@@ -1,8 +1,13 @@
 #ifndef KDRDATA_KDRDEBUGSHAPES_H
 #define KDRDATA_KDRDEBUGSHAPES_H
 
+/// @file
+/// The text forms of shapes: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <kdrdata/debug/kdrdebugvision.h>
 
+/// @cond
 namespace KDRDebug {
 
 /// The text of a shape or of its record: the kind, then each parameter after its name.
@@ -169,5 +174,6 @@ struct Form<KDRShapeArray> : ArrayForm<KDRShapeArray, KDRShape>
 };
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

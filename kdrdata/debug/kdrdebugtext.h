@@ -81,12 +81,15 @@
     ROW(KDRVector3dArray)                                                                          \
     ROW(LogOutput)
 
+/// What a value looks like to a person.
 namespace KDRDebug {
 
+/// @cond
 template <>
 struct Form<LogOutput> : NoDataForm<LogOutput>
 {
 };
+/// @endcond
 
 /// The text form of @p value in UTF-8. Long texts and lists are cut and their length named. The
 /// value keeps what it shares; nothing detaches.

@@ -1,9 +1,14 @@
 #ifndef KDRDATA_KDRDEBUGVARIANT_H
 #define KDRDATA_KDRDEBUGVARIANT_H
 
+/// @file
+/// The text forms of variants: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <kdrdata/debug/kdrdebugshapes.h>
 #include <kdrdata/variant/variant.h>
 
+/// @cond
 namespace KDRDebug {
 
 /// `number array`: a variant's kind in words; null for a number that is no kind.
@@ -185,5 +190,6 @@ std::string VariantForm<Variant>::payload(Variant const& value, int depth, bool 
 }
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

@@ -1,6 +1,10 @@
 #ifndef KDRDATA_KDRDEBUGVISION_H
 #define KDRDATA_KDRDEBUGVISION_H
 
+/// @file
+/// The text forms of points, pixels and small records: a part of kdrdebugtext.h, which is
+/// to be included.
+
 #include <kdrdata/debug/kdrdebuggeometry3d.h>
 #include <kdrdata/debug/kdrdebugpieces.h>
 #include <kdrdata/debug/kdrdebugscalars.h>
@@ -8,6 +12,7 @@
 
 #include <vector>
 
+/// @cond
 namespace KDRDebug {
 
 /// `u8`, `f64`: the type of pixels and of a matrix's elements by its code.
@@ -220,5 +225,6 @@ struct Form<DataConvert> : NoDataForm<DataConvert>
 };
 
 } // namespace KDRDebug
+/// @endcond
 
 #endif

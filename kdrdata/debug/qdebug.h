@@ -14,6 +14,7 @@
 #include <QtCore/qdebug.h>
 #include <QtCore/qstring.h>
 
+/// @cond
 namespace KDRDebug {
 
 /// Answers a QDebug for every class with a text form, and nothing for any other: so that values
@@ -33,6 +34,7 @@ KDR_PRINTED_CLASSES(KDR_STREAM)
 #undef KDR_STREAM
 
 } // namespace KDRDebug
+/// @endcond
 
 /// Writes the text form of @p value, without quotes around it.
 template <class Class>

@@ -10,9 +10,11 @@
 
 #include <ostream>
 
+/// @cond
 #define KDR_PRINT_TO(Class)                                                                        \
     inline void PrintTo(Class const& value, std::ostream* out) { *out << KDRDebug::text(value); }
 KDR_PRINTED_CLASSES(KDR_PRINT_TO)
 #undef KDR_PRINT_TO
+/// @endcond
 
 #endif

@@ -10,9 +10,11 @@
 
 #include <QtCore/qbytearray.h>
 
+/// @cond
 #define KDR_TO_STRING(Class)                                                                       \
     inline char* toString(Class const& value) { return qstrdup(KDRDebug::text(value).c_str()); }
 KDR_PRINTED_CLASSES(KDR_TO_STRING)
 #undef KDR_TO_STRING
+/// @endcond
 
 #endif
