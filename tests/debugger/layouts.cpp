@@ -6,6 +6,8 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 
+#include <memory>
+
 #ifdef KDRDATA_BUNDLED_CORE
 #include <veldata/veldata.h>
 #include <veldata/vellist_p.h>
@@ -34,6 +36,9 @@ Pointers<VelVar, VelFont, VelImage, VelPixels, VelMatrix, VelPoint, VelPointArra
          VelMatrixArray, VelRegionArray, VelContourArray, VelContour, VelRegion, VelRuns, VelRun,
          VelMatchModel, VelChunkData, VelList<VelPoint>>
     coreRecords;
+
+using SharedCount = std::_Sp_counted_base<std::__default_lock_policy>;
+SharedCount* sharedCount;
 #endif
 
 int main() {}

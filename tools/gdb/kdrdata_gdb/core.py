@@ -35,13 +35,13 @@ LAYOUTS = {
         "type": 0, "payload._M_impl._M_start": 8, "payload._M_impl._M_finish": 16,
     },
     "VelChunkData": {"content._M_impl._M_start": 0, "content._M_impl._M_finish": 8},
-    "std::_Sp_counted_base<(__gnu_cxx::_Lock_policy)2>": {"_M_use_count": 8},
+    # What a std::shared_ptr counts its holders in.
+    "SharedCount": {"_M_use_count": 8},
     "VelList<VelPoint>": {"items._M_impl._M_start": 0, "items._M_impl._M_finish": 8},
 }
 SIZES = {"VelPoint": 16, "VelImage": 8, "VelMatrix": 24, "VelRegion": 24, "VelContour": 8,
          "VelRun": 24}
 
-COUNTED = "std::_Sp_counted_base<(__gnu_cxx::_Lock_policy)2>"
 TYPES = ("u8", "s8", "u16", "s16", "s32", "f32", "f64")
 ELEMENTS = ("B", "b", "H", "h", "i", "f", "d")
 MOST_RUNS = 50 * 1000 * 1000
@@ -141,7 +141,7 @@ def region(place, _depth, full):
         length = vector.length
         # As the runs are counted by the operations that tell them.
         pixels = (sum(numbers[2::3]) - sum(numbers[1::3]) + length) % 2**64
-        holders = record(COUNTED, holder.target("runs._M_refcount._M_pi")).i32("_M_use_count")
+        holders = record("SharedCount", holder.target("runs._M_refcount._M_pi")).i32("_M_use_count")
         require(holders > 0)
     text = "%s in %s of %dx%d" % (
         pieces.count(pixels, "pixel"), pieces.count(length, "run"),
