@@ -71,6 +71,12 @@ def body():
                 session.check(text == GONE if byte == b"\x00" else text.startswith("<garbage"),
                               "%r: %s prints as %s" % (byte, kind, text))
 
+    memory.write_memory(place, struct.pack("<Q", 8))
+    for name, kind in kinds.items():
+        if name in handles():
+            session.same("a wild pointer: %s" % kind, [looks(kind, place)],
+                         ["<garbage: no memory at 0x8>"])
+
     memory.write_memory(place, struct.pack("<%dQ" % WORDS, *[place] * WORDS))
     for kind in kinds.values():
         looks(kind, place)
