@@ -48,7 +48,7 @@ struct PointForm
     {
         Range const ofX = {value.getXMinVal(), value.getXMaxVal(), value.getXStepVal()};
         Range const ofY = {value.getYMinVal(), value.getYMaxVal(), value.getYStepVal()};
-        std::string const text = pair(x, y);
+        std::string text = pair(x, y);
         if (ofX.isDefault() && ofY.isDefault())
             return text;
         return text + " in x " + ofX.text() + ", y " + ofY.text();
