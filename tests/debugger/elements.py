@@ -1,5 +1,5 @@
-"""The elements of arrays unfold where that is asked for, the whole program has printers, and a value
-may be named in any way."""
+"""The elements of arrays unfold where that is asked for, every class has a printer, and a value may
+be named in any way."""
 
 import os
 import sys

@@ -1,5 +1,6 @@
 """Whatever the memory holds, a value prints in one line, and what is destroyed prints as such."""
 
+import itertools
 import os
 import random
 import struct
@@ -31,7 +32,16 @@ def looks(kind, place):
     text = printer.to_string()
     session.check(isinstance(text, str) and text and "\n" not in text,
                   "%s prints as %r" % (kind, text))
+    for name, child in itertools.islice(getattr(printer, "children", list)(), 3):
+        session.check(name and (isinstance(child, str) or looks_of_element(child)),
+                      "an element of %s" % kind)
     return text
+
+
+def looks_of_element(value):
+    """What an element prints, which a plain one does by itself."""
+    printer = gdb.default_visualizer(value)
+    return printer.to_string() if printer else value.type.name == "bool"
 
 
 def word(source, place):
@@ -50,11 +60,12 @@ def word(source, place):
 
 def body():
     session.run()
-    kinds = {field.type.name: field.type
-             for field in gdb.parse_and_eval("values").referenced_value().type.unqualified().fields()}
+    values = gdb.parse_and_eval("values").referenced_value()
+    kinds = {field.type.name: field.type for field in values.type.unqualified().fields()}
     session.check(set(kinds) == session.exported_classes(), "a class has no value")
     place = int(gdb.parse_and_eval("shown.garbage"))
     memory = gdb.selected_inferior()
+    gdb.execute("set print kdrdata-elements on")
     size = 8 * WORDS
 
     for name, _ in session.members():

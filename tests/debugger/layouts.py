@@ -13,7 +13,7 @@ from kdrdata_gdb import core, qt, records  # pylint: disable=wrong-import-positi
 
 
 def field_of(kind, name):
-    """The offset in bytes and the type of a field, of a base class's too; None where there is none."""
+    """The offset in bytes and the type of a field, of a base class's too; None if there is none."""
     for field in kind.strip_typedefs().fields():
         if not hasattr(field, "bitpos"):
             continue

@@ -199,8 +199,10 @@ def shape(place, depth, full):
     holder = record("KDRShapePrivate", place)
     kind, holders = holder.u32("m_kind"), holder.i32("m_refs")
     require(kind in SHAPES and holders > 0)
-    name, parameters = SHAPES[kind]
-    text = " ".join([name] + [", ".join(said) for said in [parameters(Shape(place, depth))] if said])
+    text, parameters = SHAPES[kind]
+    said = parameters(Shape(place, depth))
+    if said:
+        text += " " + ", ".join(said)
     return text + pieces.shared(holders) if full else text
 
 
