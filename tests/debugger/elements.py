@@ -8,11 +8,11 @@ import gdb
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-import session  # pylint: disable=wrong-import-position
+import gdbtest  # pylint: disable=wrong-import-position
 
 
 def body():
-    session.run()
+    gdbtest.run()
     expected = {
         "values.numbers": "[1, 2.5, 3.0], shared by 4 = {1 (int), 2.5 (double), 3.0 (double)}",
         "values.strings": '["left", "", null], shared by 2 = {"left", "", null}',
@@ -25,32 +25,32 @@ def body():
     }
     gdb.execute("set print kdrdata-elements on")
     for expression, text in expected.items():
-        session.same(expression, [session.printed(expression)], [text])
-    unfolded = session.printed("values.arrayVariant")
-    session.check(unfolded.endswith(
+        gdbtest.same(expression, [gdbtest.printed(expression)], [text])
+    unfolded = gdbtest.printed("values.arrayVariant")
+    gdbtest.check(unfolded.endswith(
         "= {number 5 (int), string \"one two\", store shared by 2, empty, number 2.0 (double), "
         "number array [1, 2.5, 3.0], shared by 4, store shared by 2 = "
         "{1 (int), 2.5 (double), 3.0 (double)}}"), unfolded)
     gdb.execute("set print kdrdata-elements off")
     for expression, text in expected.items():
-        session.same(expression, [session.printed(expression)], [text.split(" = ")[0]])
+        gdbtest.same(expression, [gdbtest.printed(expression)], [text.split(" = ")[0]])
 
     printers = gdb.execute("info pretty-printer", to_string=True).split()
-    session.same("printers", [name for name in printers if name in session.exported_classes()],
-                 sorted(session.exported_classes()))
+    gdbtest.same("printers", [name for name in printers if name in gdbtest.exported_classes()],
+                 sorted(gdbtest.exported_classes()))
 
     gdb.execute("set var $number = &values.rangedNumber")
     for expression in ("*$number", "*(KDRNumber*)$number", "(KDRNumber const&)values.rangedNumber",
                        "values.rangedNumber"):
-        session.same(expression, [session.printed(expression)],
+        gdbtest.same(expression, [gdbtest.printed(expression)],
                      ["5 (int, range -10..10, step 1)"])
     gdb.execute("set print pretty on")
-    session.check("  rangedNumber = 5 (int, range -10..10, step 1),\n" in
-                  session.printed("values"), "not inside of another value")
+    gdbtest.check("  rangedNumber = 5 (int, range -10..10, step 1),\n" in
+                  gdbtest.printed("values"), "not inside of another value")
 
     gdb.execute("set target-charset ASCII")
-    session.same("a terminal without UTF-8", [session.printed("values.foreignString")],
+    gdbtest.same("a terminal without UTF-8", [gdbtest.printed("values.foreignString")],
                  [r'"Gr\xfc\xdfe \u4e2d \U0001f642"'])
 
 
-session.test(body)
+gdbtest.test(body)

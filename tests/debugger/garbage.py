@@ -10,7 +10,7 @@ import gdb
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-import session  # pylint: disable=wrong-import-position
+import gdbtest  # pylint: disable=wrong-import-position
 
 WORDS = 4096
 SEED = 20240607
@@ -28,12 +28,12 @@ def looks(kind, place):
     """What a value of a class prints at a place."""
     value = gdb.Value(place).cast(kind.pointer()).dereference()
     printer = gdb.default_visualizer(value)
-    session.check(printer is not None, "no printer for %s" % kind)
+    gdbtest.check(printer is not None, "no printer for %s" % kind)
     text = printer.to_string()
-    session.check(isinstance(text, str) and text and "\n" not in text,
+    gdbtest.check(isinstance(text, str) and text and "\n" not in text,
                   "%s prints as %r" % (kind, text))
     for name, child in itertools.islice(getattr(printer, "children", list)(), 3):
-        session.check(name and (isinstance(child, str) or looks_of_element(child)),
+        gdbtest.check(name and (isinstance(child, str) or looks_of_element(child)),
                       "an element of %s" % kind)
     return text
 
@@ -59,19 +59,19 @@ def word(source, place):
 
 
 def body():
-    session.run()
+    gdbtest.run()
     values = gdb.parse_and_eval("values").referenced_value()
     kinds = {field.type.name: field.type for field in values.type.unqualified().fields()}
-    session.check(set(kinds) == session.exported_classes(), "a class has no value")
+    gdbtest.check(set(kinds) == gdbtest.exported_classes(), "a class has no value")
     place = int(gdb.parse_and_eval("shown.garbage"))
     memory = gdb.selected_inferior()
     gdb.execute("set print kdrdata-elements on")
     size = 8 * WORDS
 
-    for name, _ in session.members():
+    for name, _ in gdbtest.members():
         kind = gdb.parse_and_eval("values." + name).type.unqualified()
-        text = session.printed("shown.destroyed->" + name)
-        session.check(kind.name not in handles() or text == GONE,
+        text = gdbtest.printed("shown.destroyed->" + name)
+        gdbtest.check(kind.name not in handles() or text == GONE,
                       "destroyed: %s prints as %s" % (kind, text))
 
     for byte in (b"\x00", b"\x01", b"\x7f", b"\xa5", b"\xff"):
@@ -79,13 +79,13 @@ def body():
         for name, kind in kinds.items():
             text = looks(kind, place)
             if name in handles():
-                session.check(text == GONE if byte == b"\x00" else text.startswith("<garbage"),
+                gdbtest.check(text == GONE if byte == b"\x00" else text.startswith("<garbage"),
                               "%r: %s prints as %s" % (byte, kind, text))
 
     memory.write_memory(place, struct.pack("<Q", 8))
     for name, kind in kinds.items():
         if name in handles():
-            session.same("a wild pointer: %s" % kind, [looks(kind, place)],
+            gdbtest.same("a wild pointer: %s" % kind, [looks(kind, place)],
                          ["<garbage: no memory at 0x8>"])
 
     memory.write_memory(place, struct.pack("<%dQ" % WORDS, *[place] * WORDS))
@@ -107,4 +107,4 @@ def body():
                 looks(kind, place + 8 * source.randrange(WORDS // 2))
 
 
-session.test(body)
+gdbtest.test(body)

@@ -8,7 +8,7 @@ import gdb
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 sys.path.insert(0, os.environ["KDR_PRINTERS"])
-import session  # pylint: disable=wrong-import-position
+import gdbtest  # pylint: disable=wrong-import-position
 from kdrdata_gdb import core, qt, records  # pylint: disable=wrong-import-position
 
 
@@ -30,7 +30,7 @@ def offset(record, path):
     total, kind = 0, gdb.lookup_type(record)
     for name in path.split("."):
         found = field_of(kind, name)
-        session.check(found, "%s has no %s" % (record, path))
+        gdbtest.check(found, "%s has no %s" % (record, path))
         total, kind = total + found[0], found[1]
     return total
 
@@ -40,17 +40,17 @@ def body():
     if os.environ["KDR_BUNDLED_CORE"] == "1":
         tables.append(("core.py", core.LAYOUTS))
         for name, size in core.SIZES.items():
-            session.check(gdb.lookup_type(name).sizeof == size,
+            gdbtest.check(gdb.lookup_type(name).sizeof == size,
                           "tools/gdb/kdrdata_gdb/core.py: another size: " + name)
     checked = 0
     for file, table in tables:
         for record, fields in table.items():
             for path, place in fields.items():
                 actual = offset(record, path)
-                session.check(actual == place, "tools/gdb/kdrdata_gdb/%s: %s::%s lies at %d, not %d"
+                gdbtest.check(actual == place, "tools/gdb/kdrdata_gdb/%s: %s::%s lies at %d, not %d"
                               % (file, record, path, actual, place))
                 checked += 1
-    session.check(checked > 40, "hardly a field was looked at")
+    gdbtest.check(checked > 40, "hardly a field was looked at")
 
 
-session.test(body)
+gdbtest.test(body)

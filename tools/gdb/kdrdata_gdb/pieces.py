@@ -110,5 +110,5 @@ def guarded(function, *arguments):
     except Garbage as garbage:
         return "<%s>" % garbage
     except Exception as error:  # pylint: disable=broad-except
-        # A debugger session must not stumble over what a program left behind.
+        # Looking at a value must not fail for what a program left behind.
         return "<garbage: %s>" % type(error).__name__
