@@ -48,6 +48,8 @@ install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc"
     DESTINATION "${KDRDATA_PKGCONFIG_DIR}"
     COMPONENT dev)
 
+include(KDRDebugger)
+
 if(PROJECT_IS_TOP_LEVEL)
     install(DIRECTORY "${PROJECT_BINARY_DIR}/docs/html"
         DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}/doc/libkdrdata-doc"

@@ -19,3 +19,7 @@ cmake --build "$unpacked/build"
 LD_LIBRARY_PATH=$(dirname "$(find "$unpacked/tree" -name 'libKDRData.so')") "$unpacked/build/consumer"
 
 test -f "$unpacked/tree/usr/share/doc/libkdrdata-doc/html/index.html"
+
+# GDB looks for the printers under the library's own path.
+library=$(find "$unpacked/tree/usr/lib" -name 'libKDRData.so.*.*')
+test -f "$unpacked/tree/usr/share/gdb/auto-load${library#"$unpacked/tree"}-gdb.py"
