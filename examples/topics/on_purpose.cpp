@@ -15,7 +15,7 @@ int main()
     tell("an empty array takes an element by insert():", numbers.insert(0, KDRNumber(1)));
 
     KDRChar const letter('A');
-    tell("'A' equals 'A':", letter == KDRChar('A')); // compares the handles' cells, not the codes
+    tell("'A' equals 'A':", letter == KDRChar('A')); // compares addresses
     tell("their codes do:", letter.unicode() == KDRChar('A').unicode());
 
     KDRNumber number(1);
