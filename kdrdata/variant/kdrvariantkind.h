@@ -1,6 +1,9 @@
 #ifndef KDRDATA_KDRVARIANTKIND_H
 #define KDRDATA_KDRVARIANTKIND_H
 
+/// @file
+/// The kinds of a variant.
+
 /// The number of a variant's kind, as KDRVariant::variantType() answers it. A plain integer: code
 /// that only passes kinds on need not know them all.
 typedef int KDRVariantKind;

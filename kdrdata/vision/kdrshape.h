@@ -1,6 +1,9 @@
 #ifndef KDRDATA_KDRSHAPE_H
 #define KDRDATA_KDRSHAPE_H
 
+/// @file
+/// One figure, and its kinds.
+
 #include <QtCore/qglobal.h>
 
 #include <kdrdata/kdrdata_export.h>
