@@ -289,10 +289,7 @@ KDRBuffer KDRString::toLocal8Bit() const
 
 unsigned short const* KDRString::toUtf16() const { return d->utf16(); }
 
-bool KDRString::operator==(KDRString const& other) const
-{
-    return d->compare(*other.d, Qt::CaseSensitive) == 0;
-}
+bool KDRString::operator==(KDRString const& other) const { return *d == *other.d; }
 bool KDRString::operator!=(KDRString const& other) const { return !(*d == *other.d); }
 bool KDRString::operator!=(char const* s) const { return *d != s; }
 bool KDRString::operator!=(KDRBuffer const& b) const { return *d != KDRInternal::wrapped(b); }
