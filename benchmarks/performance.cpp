@@ -18,7 +18,6 @@ int main(int argc, char* argv[])
         rows::ofVision(table);
         rows::ofThreads(table);
         rows::ofLoading(table);
-        rows::ofAllocation(table);
         return table.finish();
     } catch (std::exception const& error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -40,7 +40,9 @@
 ///
 /// Options of such a program: `--json FILE` writes the rows as JSON, `--only TEXT` runs the rows
 /// whose family or name holds the text, `--turns N` sets the number of turns, `--list` names the
-/// rows.
+/// rows. `--side ours|peer|floor` does one side's work of the row whose name `--only` gives, as
+/// often as `--times N` says, and measures nothing: for a profiler. What 2 N repetitions take over
+/// N is what N cost.
 namespace ratio {
 
 /// What a side answers; equal for equal results.
@@ -278,6 +280,10 @@ public:
                 m_only = argv[++i];
             else if (option == "--turns" && hasValue)
                 m_turns = std::max(1, std::atoi(argv[++i]));
+            else if (option == "--side" && hasValue)
+                m_side = argv[++i];
+            else if (option == "--times" && hasValue)
+                m_times = static_cast<std::size_t>(std::max(0, std::atoi(argv[++i])));
             else
                 throw std::invalid_argument("unknown option " + option);
         }
@@ -288,13 +294,18 @@ public:
         return {*this, std::move(family), std::move(name)};
     }
 
-    bool wants(Figures const& figures) const
+    bool wants(std::string const& family, std::string const& name) const
     {
-        return m_only.empty() || figures.family.find(m_only) != std::string::npos ||
-               figures.name.find(m_only) != std::string::npos;
+        if (!m_side.empty())
+            return name == m_only;
+        return m_only.empty() || family.find(m_only) != std::string::npos ||
+               name.find(m_only) != std::string::npos;
     }
     bool listing() const { return m_listing; }
     int turns() const { return m_turns; }
+    /// The one side that is to work, or nothing.
+    std::string const& side() const { return m_side; }
+    std::size_t times() const { return m_times; }
 
     /// Takes a row whose figures were measured elsewhere, or by Row::run().
     void add(Figures figures)
@@ -392,16 +403,26 @@ private:
     std::vector<Figures> m_rows;
     std::string m_json;
     std::string m_only;
+    std::string m_side;
+    std::size_t m_times = 1;
     int m_turns = 41;
     bool m_listing = false;
 };
 
 inline void Row::run()
 {
-    if (!m_table.wants(m_figures))
+    if (!m_table.wants(m_figures.family, m_figures.name))
         return;
     if (m_table.listing()) {
         std::printf("%s: %s\n", m_figures.family.c_str(), m_figures.name.c_str());
+        return;
+    }
+    if (!m_table.side().empty()) {
+        for (auto const& side : {std::make_pair("ours", &m_ours), std::make_pair("peer", &m_peer),
+                                 std::make_pair("floor", &m_floor)}) {
+            if (m_table.side() == side.first && *side.second)
+                (*side.second)(m_table.times());
+        }
         return;
     }
     m_figures.hasPeer = static_cast<bool>(m_peer);

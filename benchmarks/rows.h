@@ -14,7 +14,6 @@ void ofTexts(ratio::Table& table);
 void ofVision(ratio::Table& table);
 void ofThreads(ratio::Table& table);
 void ofLoading(ratio::Table& table);
-void ofAllocation(ratio::Table& table);
 
 } // namespace rows
 

@@ -74,7 +74,7 @@ void loading(ratio::Table& table)
     figures.peerName = "Qt Core alone";
     figures.hasPeer = true;
     figures.goals = {{ratio::againstPeer, ratio::atMost, 2.0}};
-    if (!table.wants(figures))
+    if (!table.wants(figures.family, figures.name))
         return;
     std::vector<double> ours;
     std::vector<double> peer;

@@ -125,7 +125,10 @@ double nanosecondsAnAllocation()
 class Rows
 {
 public:
-    explicit Rows(ratio::Table& table) : m_table(table), m_allocation(nanosecondsAnAllocation()) {}
+    explicit Rows(ratio::Table& table)
+        : m_table(table), m_allocation(table.side().empty() ? nanosecondsAnAllocation() : 0.0)
+    {
+    }
 
     template <class Make>
     void operator()(std::string const& name, int handles, Make const& make)

@@ -17,6 +17,7 @@ import sys
 from xml.sax.saxutils import escape
 
 COLOURS = ["#1b6ca8", "#c8553d", "#4a7c59", "#8e5ea2", "#b8860b", "#5c6b73", "#d1495b"]
+DASHES = ["none", "6 4", "2 3"]
 FONT = 'font-family="sans-serif" font-size="12"'
 
 
@@ -93,10 +94,10 @@ class Svg:
         self.parts.append(f'<text x="{x:.1f}" y="{y:.1f}" text-anchor="{anchor}" fill="{colour}">'
                           f"{escape(text)}</text>")
 
-    def path(self, points, colour):
+    def path(self, points, colour, dash="none"):
         way = " ".join(f"{x:.1f},{y:.1f}" for x, y in points)
         self.parts.append(f'<polyline points="{way}" fill="none" stroke="{colour}" '
-                          'stroke-width="2"/>')
+                          f'stroke-width="2" stroke-dasharray="{dash}"/>')
 
     def save(self, path):
         path.write_text("\n".join(self.parts + ["</svg>"]) + "\n")
@@ -104,7 +105,8 @@ class Svg:
 
 def plot_ratios(rows, before, path, title):
     """A bar a row from 1 x to its ratio, on a logarithmic axis: left is faster than the peer. The
-    thin bar is what it was before, the black mark what is to be reached."""
+    thin bar is what it was before, the black mark what is to be reached. The ratio stands behind the
+    axis' end, where no bar and no mark can lie."""
     rows = [row for row in rows if "toPeer" in row]
     left, right, height, top = 330, 880, 24, 50
     values = [row["toPeer"] for row in rows] + [before[row["name"]]["toPeer"] for row in rows
@@ -134,7 +136,7 @@ def plot_ratios(rows, before, path, title):
         for goal in row["goals"]:
             if goal["against"] == "peer":
                 picture.line(at(goal["value"]), y, at(goal["value"]), y + 20, "#000000", 2)
-        picture.text(max(at(row["toPeer"]), at(1.0)) + 6, y + 13, ratio(row["toPeer"]))
+        picture.text(right + 60, y + 14, ratio(row["toPeer"]), "end")
     picture.save(path)
 
 
@@ -160,36 +162,36 @@ def plot_growth(curves, path, title):
         _, y = at(10.0 ** low_x, 10.0 ** exponent)
         picture.line(left, y, right, y)
         picture.text(left - 6, y + 4, duration(10.0 ** exponent), "end")
+    if len(curves) > len(COLOURS) * len(DASHES):
+        sys.exit(f"{title}: more curves than colours and dashes tell apart")
     for i, curve in enumerate(curves):
-        colour = COLOURS[i % len(COLOURS)]
-        picture.path([at(*point) for point in curve["points"]], colour)
-        for point in curve["points"]:
-            x, y = at(*point)
-            # A second shape sets apart the curves that come to the same colour.
-            if i < len(COLOURS):
-                picture.rect(x - 3, y - 3, 6, 6, colour)
-            else:
-                picture.line(x - 5, y - 5, x + 5, y + 5, colour, 2)
+        # The curves that come to a colour again are dashed.
+        colour, dash = COLOURS[i % len(COLOURS)], DASHES[i // len(COLOURS)]
+        points = [at(*point) for point in curve["points"]]
+        picture.path(points, colour, dash)
+        for x, y in points:
+            picture.rect(x - 3, y - 3, 6, 6, colour)
         y = top + 10 + 22 * i
-        picture.line(right + 15, y, right + 40, y, colour, 2)
-        if i >= len(COLOURS):
-            picture.line(right + 22, y - 5, right + 32, y + 5, colour, 2)
-        picture.text(right + 48, y + 4, f"{curve['name']}: exponent {curve['exponent']:.2f}")
+        picture.path([(right + 15, y), (right + 50, y)], colour, dash)
+        picture.text(right + 58, y + 4, f"{curve['name']}: exponent {curve['exponent']:.2f}")
     picture.save(path)
 
 
 def plot_memory(rows, path):
-    left, height, top, scale = 290, 46, 50, 0.9
-    picture = Svg(left + int(560 * scale) + 120, top + height * len(rows) + 10)
+    left, pitch, top, scale = 290, 15, 45, 0.9
+    keys = ("ours", "peer", "floor")
+    height = pitch * len(keys) + 10
+    widest = max(row[key] for row in rows for key in keys)
+    picture = Svg(left + int(widest * scale) + 90, top + height * len(rows))
     picture.text(10, 20, "Bytes a value: ours, peer, floor")
     for i, row in enumerate(rows):
         y = top + height * i
-        picture.text(left - 8, y + 16, row["name"], "end")
-        for k, (key, colour) in enumerate((("ours", COLOURS[0]), ("peer", COLOURS[1]),
-                                           ("floor", COLOURS[2]))):
+        picture.text(left - 8, y + 9, row["name"], "end")
+        for k, key in enumerate(keys):
             if row[key] > 0:
-                picture.rect(left, y + 12 * k, row[key] * scale, 10, colour)
-                picture.text(left + row[key] * scale + 5, y + 12 * k + 10, f"{row[key]:.0f} {key}")
+                picture.rect(left, y + pitch * k, row[key] * scale, 10, COLOURS[k])
+                picture.text(left + row[key] * scale + 5, y + pitch * k + 9,
+                             f"{row[key]:.0f} {key}")
     picture.save(path)
 
 
@@ -217,6 +219,7 @@ def environment(compiler, flags):
         ("flags", flags),
         ("Qt Core", command("pkg-config", "--modversion", "Qt5Core")),
         ("OpenCV", opencv_version()),
+        ("load", f"{os.getloadavg()[2]:.1f} programs at once, on average while measuring"),
     ]
     return table(["", ""], facts, 2)
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include <veldata/vellist_p.h>
 #include <veldata/velruns_p.h>
 #include <veldata/velvararray.h>
 
@@ -19,6 +20,15 @@ std::shared_ptr<VelRuns const> runsOf(VelVarArray const& rows, VelVarArray const
     for (int i = 0; i < length; ++i)
         runs.push_back({rows[i].L(), firstColumns[i].L(), lastColumns[i].L()});
     return VelRuns::of(std::move(runs));
+}
+
+/// Makes a list of one number of each run, where there is none yet.
+void fill(VelList<VelVar>*& list, std::vector<VelRun> const& runs, long VelRun::*number)
+{
+    list = new VelList<VelVar>;
+    list->items.reserve(runs.size());
+    for (VelRun const& run : runs)
+        list->items.emplace_back(run.*number);
 }
 
 } // namespace
@@ -77,11 +87,9 @@ int VelRegion::GetRegionRuns(VelVarArray* rows, VelVarArray* firstColumns,
 
     VelVarArray columns[3];
     if (runs) {
-        for (VelRun const& run : runs->items) {
-            columns[0].Append(VelVar(run.row));
-            columns[1].Append(VelVar(run.first));
-            columns[2].Append(VelVar(run.last));
-        }
+        fill(columns[0].d, runs->items, &VelRun::row);
+        fill(columns[1].d, runs->items, &VelRun::first);
+        fill(columns[2].d, runs->items, &VelRun::last);
     }
     *rows = std::move(columns[0]);
     *firstColumns = std::move(columns[1]);

@@ -73,6 +73,9 @@ public:
     VelVar operator[](int index) const;
 
 private:
+    // Fills a list at once.
+    friend class VelRegion;
+
     VelList<VelVar>* d;
 };
 

@@ -134,12 +134,16 @@ void replaceRange(QByteArray& bytes, int pos, int len, char const* after, int al
 int knownWidth(int width) { return std::max(width, -1); }
 
 // Qt reads what is to be replaced and what replaces it while it moves its own bytes.
-void replaceAll(QByteArray& bytes, QByteArray before, QByteArray after)
+void replaceAll(QByteArray& bytes, QByteArray const& given, QByteArray const& givenAfter)
 {
-    if (liesIn(bytes, before.constData()))
-        before = QByteArray(before.constData(), before.size());
-    if (liesIn(bytes, after.constData()))
-        after = QByteArray(after.constData(), after.size());
+    QByteArray copies[2];
+    auto const apart = [&bytes](QByteArray const& part, QByteArray& copy) -> QByteArray const& {
+        if (!liesIn(bytes, part.constData()))
+            return part;
+        return copy = QByteArray(part.constData(), part.size());
+    };
+    QByteArray const& before = apart(given, copies[0]);
+    QByteArray const& after = apart(givenAfter, copies[1]);
     replacementMustFit(bytes.size(), before.size(), after.size(),
                        [&](int from) { return bytes.indexOf(before, from); });
     // Where the bytes grow, Qt makes room for so many occurrences at a time and may find none half

@@ -110,13 +110,18 @@ int knownSize(int size) { return std::max(size, -1); }
 
 // Where a text grows, Qt makes room for so many occurrences at a time and may find none half way
 // through.
-void replaceAll(QString& text, QString before, QString after, Qt::CaseSensitivity cs)
+void replaceAll(QString& text, QString const& given, QString const& givenAfter,
+                Qt::CaseSensitivity cs)
 {
     // What lies in the text itself, Qt copies and forgets where it finds no memory.
-    if (before.isSharedWith(text))
-        before = QString(before.constData(), before.size());
-    if (after.isSharedWith(text))
-        after = QString(after.constData(), after.size());
+    QString copies[2];
+    auto const apart = [&text](QString const& part, QString& copy) -> QString const& {
+        if (!part.isSharedWith(text))
+            return part;
+        return copy = QString(part.constData(), part.size());
+    };
+    QString const& before = apart(given, copies[0]);
+    QString const& after = apart(givenAfter, copies[1]);
     replacementMustFit(text.size(), before.size(), after.size(),
                        [&](int from) { return text.indexOf(before, from, cs); });
     constexpr int atATime = 1024;
@@ -289,10 +294,7 @@ KDRBuffer KDRString::toLocal8Bit() const
 
 unsigned short const* KDRString::toUtf16() const { return d->utf16(); }
 
-bool KDRString::operator==(KDRString const& other) const
-{
-    return d->compare(*other.d, Qt::CaseSensitive) == 0;
-}
+bool KDRString::operator==(KDRString const& other) const { return *d == *other.d; }
 bool KDRString::operator!=(KDRString const& other) const { return !(*d == *other.d); }
 bool KDRString::operator!=(char const* s) const { return *d != s; }
 bool KDRString::operator!=(KDRBuffer const& b) const { return *d != KDRInternal::wrapped(b); }
