@@ -31,16 +31,17 @@ section { margin: 0 0 1rem; padding: .9rem; border: 1px solid var(--line);
   dominant-baseline: central; pointer-events: none; font-family: system-ui, sans-serif; }
 .readout { min-height: 3em; margin: .5rem 0 0; color: var(--faint); font-size: .9rem; }
 .frame { overflow-x: auto; }
-table { border-collapse: collapse; font-size: .9rem;
+table { border-collapse: collapse; font-size: .86rem;
   font-variant-numeric: tabular-nums; }
 table.parts { width: 100%; }
 .about { margin: 0 0 .4rem; color: var(--faint); font-size: .9rem; }
-th, td { padding: .22rem .4rem; border-bottom: 1px solid var(--line); text-align: left; }
+th, td { padding: .24rem .32rem; border-bottom: 1px solid var(--line); text-align: left; }
 thead th { vertical-align: bottom; }
 .number { text-align: right; }
 td.number { white-space: nowrap; }
+.long { min-width: 13rem; }
 table.parts :is(th, td):first-child { position: sticky; left: 0; background: var(--panel); }
-th button { padding: .1rem .2rem; border: 0; background: none; color: inherit; font: inherit;
+th button { padding: 0; border: 0; background: none; color: inherit; font: inherit;
   font-weight: 600; text-align: inherit; cursor: pointer; }
 th button:hover { text-decoration: underline; }
 th[aria-sort="ascending"] button::after { content: " \25B2"; }
@@ -64,7 +65,7 @@ tr:focus-visible, button:focus-visible, summary:focus-visible { outline: 2px sol
 .kind { padding: 0 .35rem; border: 1px solid var(--line); border-radius: .7rem; white-space: nowrap;
   color: var(--faint); font-size: .8rem; margin-right: .4rem; }
 @media (min-width: 68rem) {
-  .beside { display: grid; grid-template-columns: minmax(0, 1fr) minmax(0, 1.3fr); gap: 1rem;
+  .beside { display: grid; grid-template-columns: minmax(0, 1fr) minmax(0, 1.35fr); gap: 1rem;
     align-items: start; }
   .beside .first { position: sticky; top: 1rem; } }
 )CSS";

@@ -149,9 +149,12 @@ bool isNumber(std::string const& text)
     return good;
 }
 
-std::string cellOf(std::string const& name, std::string const& text, bool asNumber)
+std::string cellOf(std::string const& text)
 {
-    return element(name + (asNumber ? " class=\"number\"" : ""), escaped(text));
+    std::string const look = isNumber(text)     ? " class=\"number\""
+                             : text.size() > 24 ? " class=\"long\""
+                                                : "";
+    return element("td" + look, escaped(text));
 }
 
 std::string headOf(PageTable const& table)
@@ -328,7 +331,7 @@ std::string tableOf(PageTable const& table)
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
         std::string cells;
         for (std::string const& text : table.rows[i])
-            cells += cellOf("td", text, isNumber(text));
+            cells += cellOf(text);
         std::string const id = std::to_string(i + 1);
         body += element(table.ofParts ? "tr tabindex=\"0\"" + attribute("id", "row-" + id) +
                                             attribute("data-part", id)
