@@ -7,9 +7,6 @@
 
 namespace inspect {
 
-namespace {
-
-// Blue, green, red.
 cv::Scalar colourOfKind(unsigned int shapeKind)
 {
     switch (shapeKind) {
@@ -28,8 +25,6 @@ cv::Scalar colourOfKind(unsigned int shapeKind)
         return {60, 220, 60};
     }
 }
-
-} // namespace
 
 // The longer side comes to at most 1200 pixels, where it is not longer from the start; lines are
 // thin in comparison with the shorter one.

@@ -7,6 +7,9 @@
 
 namespace inspect {
 
+/// The colour (blue, green, red) in which figures of a kind are drawn.
+cv::Scalar colourOfKind(unsigned int shapeKind);
+
 /// A picture in colour to draw figures on. Small pictures are enlarged by a whole factor, so that
 /// neighbouring lines can be told apart.
 class Drawing

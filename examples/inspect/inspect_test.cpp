@@ -376,11 +376,12 @@ protected:
 TEST_F(refusals, inspect_refuses_wrong_arguments)
 {
     write("good.png", disks(CV_8UC1, 40, 200));
-    char const* const usage =
-        "usage: inspect IMAGE [--out FILE], or inspect --drawn-part [--out FILE]\n";
+    char const* const usage = "usage: inspect IMAGE [--out FILE] [--report FILE], or "
+                              "inspect --drawn-part [--out FILE] [--report FILE]\n";
     expectRefused({}, usage);
     expectRefused({"good.png", "good.png"}, usage);
     expectRefused({"good.png", "--out"}, usage);
+    expectRefused({"good.png", "--report"}, usage);
     expectRefused({"good.png", "--drawn-part"}, "name no picture for the drawn part; usage: ");
     expectRefused({"good.png", "--fast"}, "Unknown option 'fast'");
 }
@@ -402,6 +403,19 @@ TEST_F(refusals, inspect_refuses_pictures_that_it_cannot_read)
     expectRefused({"floating.tif"}, "'floating.tif' has floating-point values");
 }
 
+TEST_F(refusals, inspect_refuses_a_report_in_place_of_a_picture)
+{
+    write("good.png", disks(CV_8UC1, 40, 200));
+    char const* const why = "the report would overwrite the picture '";
+    expectRefused({"good.png", "--report", "good.png"}, why);
+    expectRefused({"good.png", "--report", "./good-found.png"}, why);
+    expectRefused({"good.png", "--report", file("out.png"), "--out", "out.png"}, why);
+    expectRefused({"--drawn-part", "--report", "part-found.png"}, why);
+    ASSERT_TRUE(QFile::link(file("good.png"), file("link.html")));
+    expectRefused({"good.png", "--report", "link.html"}, why);
+    EXPECT_EQ(picture("good.png").size(), cv::Size(640, 240));
+}
+
 TEST_F(refusals, inspect_refuses_places_that_it_cannot_write_to)
 {
     write("good.png", disks(CV_8UC1, 40, 200));
@@ -410,6 +424,14 @@ TEST_F(refusals, inspect_refuses_places_that_it_cannot_write_to)
     expectRefused({"good.png", "--out", "out.gif"}, "cannot write 'out.gif'");
     expectRefused({"good.png", "--out", ""}, "cannot write ''");
     expectRefused({"--drawn-part", "--out", "out.gif"}, "cannot write 'out.gif'");
+    expectRefused({"good.png", "--report", "no/such/directory.html"},
+                  "cannot write 'no/such/directory.html'");
+    expectRefused({"good.png", "--report", "."}, "cannot write '.'");
+    expectRefused({"good.png", "--report", ""}, "cannot write ''");
+    expectRefused({"--drawn-part", "--report", "no/such/directory.html"},
+                  "cannot write 'no/such/directory.html'");
+    expectRefused({"good.png", "--report", "page.html", "--out", "out.gif"},
+                  "cannot write 'out.gif'");
 }
 
 } // namespace

@@ -3,11 +3,15 @@
 
 #include <QtCore/qcommandlineparser.h>
 #include <QtCore/qcoreapplication.h>
+#include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
 #include <iostream>
 #include <opencv2/core.hpp>
+#include <optional>
 
 #include "drawnpart.h"
+#include "htmlpage.h"
+#include "htmlreport.h"
 #include "recipe.h"
 #include "report.h"
 #include "tools.h"
@@ -23,7 +27,16 @@ struct Arguments
     QString text; // what --help prints
     QString image;
     QString out;
+    std::optional<QString> report;
 };
+
+// Where a name leads: to the file, or else to the place where it would be written.
+QString placeOf(QString const& path)
+{
+    QFileInfo const file(path);
+    return file.exists() ? file.canonicalFilePath()
+                         : file.dir().canonicalPath() + '/' + file.fileName();
+}
 
 Arguments argumentsOf(QStringList const& words)
 {
@@ -32,9 +45,12 @@ Arguments argumentsOf(QStringList const& words)
     QCommandLineOption const help = parser.addHelpOption();
     QCommandLineOption const out(
         "out", "Write the drawing to FILE (default: IMAGE-found.png, part-found.png).", "FILE");
+    QCommandLineOption const report(
+        "report", "Write a page for the browser, with picture, figures and numbers, to FILE.",
+        "FILE");
     QCommandLineOption const drawnPart(
         "drawn-part", "Instead of inspecting a picture, draw a machine part and measure it.");
-    parser.addOptions({out, drawnPart});
+    parser.addOptions({out, report, drawnPart});
     parser.addPositionalArgument("IMAGE", "The picture to inspect.");
 
     // parse() leaves it to us what to say and how to end.
@@ -44,7 +60,8 @@ Arguments argumentsOf(QStringList const& words)
     arguments.text = parser.helpText();
     if (arguments.help)
         return arguments;
-    QString const usage = "usage: inspect IMAGE [--out FILE], or inspect --drawn-part [--out FILE]";
+    QString const usage = "usage: inspect IMAGE [--out FILE] [--report FILE], or "
+                          "inspect --drawn-part [--out FILE] [--report FILE]";
     if (!good)
         throw Failure((parser.errorText() + " " + usage).toStdString());
     arguments.drawnPart = parser.isSet(drawnPart);
@@ -58,6 +75,12 @@ Arguments argumentsOf(QStringList const& words)
         name = QFileInfo(arguments.image).completeBaseName();
     }
     arguments.out = parser.isSet(out) ? parser.value(out) : name + "-found.png";
+    if (parser.isSet(report))
+        arguments.report = parser.value(report);
+    for (QString const& picture : {arguments.image, arguments.out})
+        if (arguments.report && !picture.isEmpty() &&
+            placeOf(*arguments.report) == placeOf(picture))
+            throw Failure("the report would overwrite the picture '" + picture.toStdString() + "'");
     return arguments;
 }
 
@@ -82,6 +105,30 @@ void save(Values const& values, QString const& path)
                       "(png, jpg, tif, bmp, ppm)");
 }
 
+// Writes the picture, and the report if one is asked for. It opens the report first: where that
+// cannot be written, there is no picture either.
+void write(Arguments const& arguments, std::vector<Values> const& history,
+           std::string (*reportOf)(std::vector<Values> const&))
+{
+    if (!arguments.report) {
+        save(history.back(), arguments.out);
+        return;
+    }
+    PageFile file(*arguments.report);
+    std::string const report = reportOf(history);
+    save(history.back(), arguments.out);
+    file.write(report);
+}
+
+void tellFiles(char const* picture, Arguments const& arguments)
+{
+    std::cout << picture << ": " << QFileInfo(arguments.out).absoluteFilePath().toStdString()
+              << '\n';
+    if (arguments.report)
+        std::cout << "The report, for the browser: "
+                  << QFileInfo(*arguments.report).absoluteFilePath().toStdString() << '\n';
+}
+
 void inspectPicture(Arguments const& arguments)
 {
     Values given;
@@ -91,7 +138,7 @@ void inspectPicture(Arguments const& arguments)
                      measureParts, convertFigures, drawParts, packParts},
                     given);
     Values const& values = history.back();
-    save(values, arguments.out);
+    write(arguments, history, partsReport);
 
     printParts(std::cout, values);
     printConversions(std::cout, values);
@@ -107,16 +154,16 @@ void inspectPicture(Arguments const& arguments)
               << " pixels)";
     if (cut > 0)
         std::cout << ", and " << cut << " cut by its edge";
-    std::cout << ".\nThe picture with borders (green), circles (red) and rectangles (blue): "
-              << QFileInfo(arguments.out).absoluteFilePath().toStdString() << '\n';
+    std::cout << ".\n";
+    tellFiles("The picture with borders (green), circles (red) and rectangles (blue)", arguments);
 }
 
 void inspectDrawnPart(Arguments const& arguments)
 {
-    Values const values =
-        valuesAfter({planPart, drawPart, followEdges, measurePart, drawFigures, packPart}, {})
-            .back();
-    save(values, arguments.out);
+    std::vector<Values> const history =
+        valuesAfter({planPart, drawPart, followEdges, measurePart, drawFigures, packPart}, {});
+    Values const& values = history.back();
+    write(arguments, history, drawnPartReport);
 
     printFigures(std::cout, values);
     KDRVariant const copy = values.at("recipe");
@@ -127,8 +174,8 @@ void inspectDrawnPart(Arguments const& arguments)
     for (int i = 0; i < isFound.length(); ++i)
         found += isFound[i] ? 1 : 0;
     std::cout << "\nFound " << found << " of " << isFound.length()
-              << " figures of the drawn part.\nThe picture with the figures found: "
-              << QFileInfo(arguments.out).absoluteFilePath().toStdString() << '\n';
+              << " figures of the drawn part.\n";
+    tellFiles("The picture with the figures found", arguments);
 }
 
 void run(Arguments const& arguments)

@@ -52,9 +52,30 @@ std::string inBrief(KDRBoolArray const& flags)
     return std::to_string(yes) + " of " + std::to_string(flags.length()) + " yes";
 }
 
-// What a variant holds, by the one reader that answers true.
-std::string inBrief(KDRVariant& value)
+void printEntries(std::ostream& out, KDRVariantArray const& recipe, int depth)
 {
+    for (int i = 0; i + 1 < recipe.length(); i += 2) {
+        KDRString name;
+        recipe[i].toString(&name);
+        KDRVariant value = recipe[i + 1];
+        std::string const indented = std::string(2 * static_cast<std::size_t>(depth), ' ');
+        std::ostringstream line;
+        line << std::right << std::setw(6) << value.variantType() << "  " << std::left
+             << std::setw(20) << indented + utf8(name) << inspect::inBrief(value);
+        std::string const text = line.str();
+        out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
+
+        KDRVariantArray nested;
+        if (value.toVariantArray(&nested))
+            printEntries(out, nested, depth + 1);
+    }
+}
+
+} // namespace
+
+std::string inBrief(KDRVariant value)
+{
+    // Of the readers, one answers true.
     bool flag = false;
     KDRNumber number;
     KDRString text;
@@ -84,27 +105,6 @@ std::string inBrief(KDRVariant& value)
         return "";
     return "?";
 }
-
-void printEntries(std::ostream& out, KDRVariantArray const& recipe, int depth)
-{
-    for (int i = 0; i + 1 < recipe.length(); i += 2) {
-        KDRString name;
-        recipe[i].toString(&name);
-        KDRVariant value = recipe[i + 1];
-        std::string const indented = std::string(2 * static_cast<std::size_t>(depth), ' ');
-        std::ostringstream line;
-        line << std::right << std::setw(6) << value.variantType() << "  " << std::left
-             << std::setw(20) << indented + utf8(name) << inBrief(value);
-        std::string const text = line.str();
-        out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
-
-        KDRVariantArray nested;
-        if (value.toVariantArray(&nested))
-            printEntries(out, nested, depth + 1);
-    }
-}
-
-} // namespace
 
 void add(KDRVariantArray& recipe, std::string const& name, KDRVariant const& value)
 {

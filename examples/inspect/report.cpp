@@ -32,6 +32,8 @@ void const* payloadOf(KDRVariant handle)
         return payload(handle, &KDRVariant::toShapePtr);
     case KindMatrix:
         return payload(handle, &KDRVariant::toMatrixPtr);
+    case KindStringArray:
+        return payload(handle, &KDRVariant::toStringArrayPtr);
     case KindBoolArray:
         return payload(handle, &KDRVariant::toBoolArrayPtr);
     case KindShapeArray:
@@ -57,26 +59,21 @@ std::string fate(unsigned int sent, unsigned int returned, bool unchanged)
 
 } // namespace
 
-void printParts(std::ostream& out, Values const& values)
+std::vector<Part> partsIn(Values const& values)
 {
     KDRContourArray const outlines = valueOf(values, "outlines", &KDRVariant::toContourArray);
     KDRMatrix const features = valueOf(values, "features", &KDRVariant::toMatrix);
     KDRShapeArray const circles = valueOf(values, "circles", &KDRVariant::toShapeArray);
     KDRShapeArray const rectangles = valueOf(values, "rectangles", &KDRVariant::toShapeArray);
     KDRBoolArray const isRound = valueOf(values, "is round", &KDRVariant::toBoolArray);
+    auto const feature = [&](int row, int column) {
+        KDRNumber number;
+        features.select(row, column, &number);
+        return number.toDouble();
+    };
 
-    out << "Parts, in pixels and degrees: centre, area, perimeter; the circle's radius; the "
-           "rectangle\n"
-        << "  no        x        y     area  perimeter   radius  half length  half width    angle"
-           "  round\n"
-        << std::right << std::fixed << std::setprecision(1);
+    std::vector<Part> parts;
     for (int i = 0; i < outlines.length(); ++i) {
-        out << std::setw(4) << i + 1;
-        for (int row = 0; row < features.rows(); ++row) {
-            KDRNumber feature;
-            features.select(row, i, &feature);
-            out << std::setw(9) << feature.toDouble();
-        }
         KDRPoint centre;
         double radius = 0.0;
         double halfLength = 0.0;
@@ -84,9 +81,27 @@ void printParts(std::ostream& out, Values const& values)
         double angle = 0.0;
         circles[i].toCircle(&centre, &radius);
         rectangles[i].toRect2(&centre, &halfLength, &halfWidth, &angle);
-        out << std::setw(11) << outlines[i].perimeter() << std::setw(9) << radius << std::setw(13)
-            << halfLength << std::setw(12) << halfWidth << std::setw(9) << angle << "  "
-            << (isRound[i] ? "yes" : "no") << '\n';
+        parts.push_back({{feature(0, i), feature(1, i), feature(2, i), outlines[i].perimeter(),
+                          radius, halfLength, halfWidth, angle},
+                         isRound[i]});
+    }
+    return parts;
+}
+
+void printParts(std::ostream& out, Values const& values)
+{
+    out << "Parts, in pixels and degrees: centre, area, perimeter; the circle's radius; the "
+           "rectangle\n"
+        << "  no        x        y     area  perimeter   radius  half length  half width    angle"
+           "  round\n"
+        << std::right << std::fixed << std::setprecision(1);
+    std::array<int, 8> const widths = {9, 9, 9, 11, 9, 13, 12, 9};
+    int number = 0;
+    for (Part const& part : partsIn(values)) {
+        out << std::setw(4) << ++number;
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            out << std::setw(widths[i]) << part.numbers[i];
+        out << "  " << (part.isRound ? "yes" : "no") << '\n';
     }
 }
 
@@ -149,11 +164,9 @@ void printFigures(std::ostream& out, Values const& values)
     }
 }
 
-void printSharing(std::ostream& out, std::vector<Values> const& history)
+std::vector<Sharing> sharingIn(std::vector<Values> const& history)
 {
-    out << "\nHandles and the stores they share, after " << history.size() << " tools\n"
-        << "  " << std::left << std::setw(12) << "value" << std::right << std::setw(6) << "kind"
-        << std::setw(10) << "handles" << std::setw(10) << "stores" << '\n';
+    std::vector<Sharing> all;
     for (auto const& [name, value] : history.back()) {
         int handles = 0;
         std::set<void const*> stores;
@@ -164,13 +177,25 @@ void printSharing(std::ostream& out, std::vector<Values> const& history)
             ++handles;
             stores.insert(payloadOf(found->second));
         }
-        out << "  " << std::left << std::setw(12) << name << std::right << std::setw(6)
-            << value.variantType() << std::setw(10) << handles << std::setw(10);
-        if (payloadOf(value) == nullptr)
+        stores.erase(nullptr);
+        all.push_back({name, value.variantType(), handles, static_cast<int>(stores.size())});
+    }
+    return all;
+}
+
+void printSharing(std::ostream& out, std::vector<Values> const& history)
+{
+    out << "\nHandles and the stores they share, after " << history.size() << " tools\n"
+        << "  " << std::left << std::setw(12) << "value" << std::right << std::setw(6) << "kind"
+        << std::setw(10) << "handles" << std::setw(10) << "stores" << '\n';
+    for (Sharing const& each : sharingIn(history)) {
+        out << "  " << std::left << std::setw(12) << each.name << std::right << std::setw(6)
+            << each.kind << std::setw(10) << each.handles << std::setw(10);
+        if (each.stores == 0)
             out << "-"
                 << "  (no pointer reader tells)\n";
         else
-            out << stores.size() << '\n';
+            out << each.stores << '\n';
     }
 }
 
