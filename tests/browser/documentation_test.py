@@ -44,6 +44,16 @@ class Documentation(unittest.TestCase):
                     self.assertEqual(self.browser.errors(), [])
                     self.assertEqual(self.browser.too_wide(), [])
 
+    def test_no_markup_is_left_in_the_topics(self):
+        for name in topics():
+            with self.subTest(page=name):
+                self.browser.open(address(name))
+                text = self.browser.run("""
+                    document.querySelectorAll('.fragment').forEach((each) => each.remove());
+                    return document.querySelector('.contents').textContent;""")
+                self.assertGreater(len(text), 100)
+                self.assertEqual(re.findall(r"\*\*\S.*|`.*|\\\w+", text), [])
+
     def test_the_appearance_is_the_one_that_the_system_asks_for(self):
         for width, appearance in variants():
             for name in ("index", "copies", "classKDRRegion"):
