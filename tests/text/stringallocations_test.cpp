@@ -147,6 +147,52 @@ TEST(StringLimits, ReplacingAllByTooMuchThrowsAndChangesNothing)
     EXPECT_EQ(text.replace(KDRRegExp(KDRString("(b)")), million).size(), 1 << 20);
 }
 
+TEST(StringLimits, OneOccurrenceTooManyThrows)
+{
+    // The text would be as long as the number after the largest int, where Qt's sum turns negative.
+    KDRString const part = KDRString("x").repeated(1 << 22);
+    KDRString const original = KDRString("a").repeated(1 << 9);
+    KDRString text(original);
+    EXPECT_THROW(text.replace(KDRString("a"), part), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("a")), part), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("(a)")), part), std::bad_alloc);
+    EXPECT_EQ(text, original);
+}
+
+TEST(StringLimits, AFewLongOccurrencesThatGrowTooMuchThrow)
+{
+    KDRString const before = KDRString("a").repeated(26755);
+    KDRString const original = before.repeated(3);
+    KDRString after;
+    KDRInternal::wrapped(after) =
+        QString(716000000, Qt::Uninitialized); // takes no memory till read
+    KDRString text(original);
+    EXPECT_THROW(text.replace(before, after), std::bad_alloc);
+    EXPECT_EQ(text, original);
+}
+
+TEST(StringLimits, MarkersOfEitherKindAloneCanBeTooMany)
+{
+    // Qt's sum passes all of an int's numbers and is small and positive again.
+    constexpr int width = 1 << 22;
+    for (char const* const each : {"%1", "%L1"}) {
+        KDRString const pattern = KDRString(each).repeated(1025);
+        EXPECT_THROW(pattern.arg(KDRString("x"), width), std::bad_alloc) << each;
+        EXPECT_THROW(pattern.arg(5, width), std::bad_alloc) << each;
+        EXPECT_THROW(pattern.arg(2.5, width), std::bad_alloc) << each;
+    }
+}
+
+TEST(StringLimits, APrecisionOfMoreThanANumberHasIsNoReasonToRefuse)
+{
+    // So many numbers of so many decimals would be too long; these have one each.
+    constexpr int count = 2000000;
+    KDRString const pattern = KDRString("%1").repeated(count);
+    for (int const precision : {1000, 1100, 1101, INT_MAX})
+        EXPECT_EQ(pattern.arg(2.5, 0, KDRString::KDRFormatGeneral, precision).size(), count * 3)
+            << precision;
+}
+
 TEST(StringLimits, NegativeSizesMeanUpToTheZero)
 {
     unsigned short const units[] = {'a', 'b', 0, 'c'};

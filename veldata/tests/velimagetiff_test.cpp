@@ -21,7 +21,8 @@ struct Tiff
 {
     char const* mode = "w";
     cv::Mat pixels = picture(CV_8UC1);
-    int bits = 0; ///< 0 for those of the pixels
+    int bits = 0;   ///< 0 for those of the pixels
+    int format = 0; ///< 0 for that of the pixels
     int photometric = PHOTOMETRIC_MINISBLACK;
     int compression = COMPRESSION_NONE;
     int planes = PLANARCONFIG_CONTIG;
@@ -45,9 +46,10 @@ struct Tiff
                      bits ? bits : static_cast<int>(pixels.elemSize1() * 8));
         TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, pixels.channels());
         TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT,
-                     isFloating ? SAMPLEFORMAT_IEEEFP
-                     : isSigned ? SAMPLEFORMAT_INT
-                                : SAMPLEFORMAT_UINT);
+                     format       ? format
+                     : isFloating ? SAMPLEFORMAT_IEEEFP
+                     : isSigned   ? SAMPLEFORMAT_INT
+                                  : SAMPLEFORMAT_UINT);
         TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, photometric);
         TIFFSetField(tiff, TIFFTAG_COMPRESSION, compression);
         TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, planes);
@@ -150,6 +152,48 @@ TEST(VelImageTiff, ElementTypesThatWouldBeConvertedAreRefusedInSilence)
             tiff.photometric = PHOTOMETRIC_RGB;
         if (tiff.pixels.channels() % 2 == 0)
             tiff.extraSample = EXTRASAMPLE_ASSOCALPHA;
+        EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, FormatsOfValuesThatNoElementTypeHasAreRefusedInSilence)
+{
+    Console console;
+    constexpr int unsignedFormat = SAMPLEFORMAT_UINT;
+    constexpr int signedFormat = SAMPLEFORMAT_INT;
+    constexpr int floatingFormat = SAMPLEFORMAT_IEEEFP;
+    struct
+    {
+        int type;
+        std::vector<int> formats;
+    } const cases[] = {{CV_8UC1, {floatingFormat, SAMPLEFORMAT_VOID}},
+                       {CV_16UC1, {floatingFormat, SAMPLEFORMAT_VOID}},
+                       {CV_32SC1, {unsignedFormat, SAMPLEFORMAT_VOID}},
+                       {CV_64FC1, {unsignedFormat, signedFormat, SAMPLEFORMAT_VOID}}};
+    for (auto const& [type, formats] : cases) {
+        for (int const format : formats) {
+            Tiff tiff;
+            tiff.pixels = picture(type);
+            tiff.format = format;
+            EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type << ' ' << format;
+        }
+    }
+    Tiff bilevel;
+    bilevel.bits = 1;
+    bilevel.format = signedFormat;
+    EXPECT_EQ(readTiff(bilevel).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, WhiteIsZeroForSingleBytesAlone)
+{
+    Console console;
+    Tiff tiff;
+    tiff.photometric = PHOTOMETRIC_MINISWHITE;
+    EXPECT_NE(readTiff(tiff).ImageData(), nullptr);
+    for (int const type : {CV_16UC1, CV_8SC1, CV_32FC1, CV_8UC3}) {
+        tiff.pixels = picture(type);
         EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type;
     }
     EXPECT_EQ(console.caught(), "");
