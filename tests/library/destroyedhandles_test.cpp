@@ -37,10 +37,14 @@ class HandleDestroyedTwice : public testing::Test
 {
 };
 
-// The classes whose destructors look whether there is something to destroy.
-using Twice = testing::Types<KDRBoolArray, KDRBufferArray, KDREnumArray, KDRMatrix3Array,
-                             KDRMatrix4Array, KDRNumber, KDRNumberArray, KDRShape3DArray,
-                             KDRShapeArray, KDRStringArray, KDRVariant, KDRVariantArray>;
+// The classes whose destructors do nothing where there is nothing to destroy.
+using Twice =
+    testing::Types<KDRBoolArray, KDRBuffer, KDRBufferArray, KDRChar, KDRChunkData, KDRContour,
+                   KDRContourArray, KDREnum, KDREnumArray, KDRFont, KDRImage, KDRImageArray,
+                   KDRMatchModel, KDRMatrix, KDRMatrix3Array, KDRMatrix4Array, KDRMatrixArray,
+                   KDRNumber, KDRNumberArray, KDRPoint, KDRPointArray, KDRRegion, KDRRegionArray,
+                   KDRROIAlignment, KDRShape3DArray, KDRShapeArray, KDRString, KDRStringArray,
+                   KDRVariant, KDRVariantArray>;
 TYPED_TEST_SUITE(HandleDestroyedTwice, Twice, );
 
 TYPED_TEST(HandleDestroyedTwice, FindsNothingLeft)

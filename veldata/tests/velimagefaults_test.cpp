@@ -411,6 +411,37 @@ TEST(VelImageReadFaults, AReadThatFailsIsAFailure)
     EXPECT_EQ(console.caught(), "");
 }
 
+TEST(VelImageSaveFaults, AnyWriteThatFailsIsAFailureInEveryFormat)
+{
+    TemporaryDirectory const directory;
+    for (std::string const& format : formats()) {
+        std::string const path = directory.path("image" + format);
+        int all = 0;
+        {
+            Faults faults;
+            faults.onWrite = [&all](std::size_t&, ssize_t&) {
+                ++all;
+                return false;
+            };
+            EXPECT_TRUE(saves(path));
+        }
+        std::filesystem::remove(path);
+        EXPECT_GT(all, 0);
+        for (int good = 0; good < all; ++good) {
+            Faults faults;
+            int count = 0;
+            faults.onWrite = [&count, good](std::size_t&, ssize_t& answer) {
+                if (++count != good + 1)
+                    return false;
+                answer = fail(ENOSPC);
+                return true;
+            };
+            EXPECT_FALSE(saves(path)) << format << ' ' << good;
+            EXPECT_EQ(directory.entries(), Names());
+        }
+    }
+}
+
 /// A bitmap with a palette of colours goes through a window of its own.
 TEST(VelImageReadFaults, AReadThatFailsWhileColoursAreLookedUpIsAFailure)
 {
@@ -544,6 +575,24 @@ TEST(VelImageSpecialFiles, ThePipeAndTheDeviceAreNeverOpened)
         EXPECT_EQ(imageOf(large()).SaveImage(directory.path(name).c_str(), 6), 0);
         EXPECT_FALSE(watch.sawAnyone()) << name;
     }
+}
+
+/// It takes the file's place after the file was looked at and before it is opened.
+TEST(VelImageSpecialFiles, APipeInPlaceOfAFileIsLeftAlone)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image.png");
+    writeFile(path, encoded(".png", large()));
+    int const standardInput = ::fcntl(0, F_GETFD);
+    Faults faults;
+    faults.onOpen = [&path](char const*, int) {
+        std::filesystem::remove(path);
+        EXPECT_EQ(::mkfifo(path.c_str(), 0666), 0);
+    };
+    VelImage image;
+    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    EXPECT_EQ(faults.calls, Names({"open"}));
+    EXPECT_EQ(::fcntl(0, F_GETFD), standardInput);
 }
 
 /// Somebody waits at the other end of a pipe, whose open returns when this end is opened.

@@ -154,6 +154,7 @@ TEST(VelImageRead, AsciiAndBinaryPortableMaps)
          VEL_8U,
          {0, 255, 0, 255, 255, 0, 255, 0, 255, 255, 255, 255, 0, 0, 0, 0}},
         {std::string("P5\n2 1\n255\n\x07\xFF", 13), 1, VEL_8U, {7, 255}},
+        {std::string("P5\n#a\0b\n2 1\n255\n\x07\xFF", 18), 1, VEL_8U, {7, 255}},
         {std::string("P5\n2 1\n65535\n\x01\x02\xFF\x00", 17), 1, VEL_16U, {0x0102, 0xFF00}},
         {std::string("P6\n1 1\n255\n\x01\x02\x03", 14), 3, VEL_8U, {3, 2, 1}},
     };

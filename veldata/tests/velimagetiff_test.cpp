@@ -485,26 +485,43 @@ TEST(VelImageTiff, PalettesAreWhatOpenCvDecodes)
 /// A deflated strip whose rows all decode, while what lies behind the last one is damaged.
 TEST(VelImageTiff, AStripDamagedBehindItsLastRowIsRefusedInSilence)
 {
-    unsigned char strip[] = {0x78, 0x9C, 0x63, 0x60, 0x60, 0xA2, 0x12, 0x64, 0x18, 0x35,
-                             0x69, 0xD4, 0xA4, 0x51, 0x2B, 0x46, 0x4D, 0x1A, 0x35, 0x69,
-                             0xD4, 0x24, 0x2A, 0xD9, 0x04, 0xCE, 0x88, 0xC9, 0x06, 0x79};
-    TemporaryDirectory const directory;
-    std::string const path = directory.path("image.tif");
-    TIFF* const tiff = TIFFOpen(path.c_str(), "w");
-    ASSERT_NE(tiff, nullptr);
-    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, 37);
-    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, 23);
-    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, 23);
-    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 16);
-    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 1);
-    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
-    EXPECT_EQ(TIFFWriteRawStrip(tiff, 0, strip, sizeof strip), static_cast<tmsize_t>(sizeof strip));
-    TIFFClose(tiff);
-
+    unsigned char damaged[] = {0x78, 0x9C, 0x63, 0x60, 0x60, 0xA2, 0x12, 0x64, 0x18, 0x35,
+                               0x69, 0xD4, 0xA4, 0x51, 0x2B, 0x46, 0x4D, 0x1A, 0x35, 0x69,
+                               0xD4, 0x24, 0x2A, 0xD9, 0x04, 0xCE, 0x88, 0xC9, 0x06, 0x79};
+    struct
+    {
+        int width;
+        int bits;
+        int samples;
+        int strips; ///< of each plane; the last one of the last plane is damaged
+    } const cases[] = {{37, 16, 1, 1}, {74, 8, 1, 2}, {74, 8, 3, 1}, {74, 8, 3, 2}};
+    constexpr int rows = 23;
     Console console;
-    VelImage image;
-    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    for (auto const& [width, bits, samples, strips] : cases) {
+        SCOPED_TRACE(testing::Message() << samples << " planes of " << strips << " strips");
+        TemporaryDirectory const directory;
+        std::string const path = directory.path("image.tif");
+        TIFF* const tiff = TIFFOpen(path.c_str(), "w");
+        ASSERT_NE(tiff, nullptr);
+        TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, width);
+        TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, rows * strips);
+        TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, rows);
+        TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, bits);
+        TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samples);
+        TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_SEPARATE);
+        TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC,
+                     samples == 1 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
+        TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
+        Bytes whole(static_cast<std::size_t>(width * bits / 8 * rows));
+        auto const last = static_cast<std::uint32_t>(samples * strips - 1);
+        for (std::uint32_t i = 0; i < last; ++i)
+            TIFFWriteEncodedStrip(tiff, i, whole.data(), static_cast<tmsize_t>(whole.size()));
+        EXPECT_EQ(TIFFWriteRawStrip(tiff, last, damaged, sizeof damaged),
+                  static_cast<tmsize_t>(sizeof damaged));
+        TIFFClose(tiff);
+        VelImage image;
+        EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    }
     EXPECT_EQ(console.caught(), "");
 }
 
