@@ -521,7 +521,7 @@ TEST(VelImageDescriptors, NumberZeroIsOneLikeAnyOther)
     auto const isFree = [] { return ::fcntl(0, F_GETFD) == -1; };
     auto const operation = [&] {
         ::close(0);
-        if (!saves(path) || !reads(path) || !isFree())
+        if (!reads(path) || !saves(path) || !isFree())
             return 1;
         Faults faults;
         faults.onWrite = [](std::size_t&, ssize_t& answer) {
@@ -530,6 +530,7 @@ TEST(VelImageDescriptors, NumberZeroIsOneLikeAnyOther)
         };
         return !saves(path) && isFree() ? 0 : 2;
     };
+    ASSERT_TRUE(saves(path));
     EXPECT_EQ(inChild(operation), 0);
 }
 
