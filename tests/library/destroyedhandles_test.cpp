@@ -1,8 +1,13 @@
 // What a destroyed handle leaves behind: a null pointer, in builds with and without optimisation.
 
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/kdrdata.h>
+#include <kdrdata/vision/kdrpointprivate.h>
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <new>
 
 #include "../support/handleplace.h"
 
@@ -30,6 +35,17 @@ TYPED_TEST(DestroyedHandle, LeavesANullPointer)
     ASSERT_NE(place.pointer(), nullptr);
     handle.~TypeParam();
     EXPECT_EQ(place.pointer(), nullptr);
+}
+
+TEST(DestroyedPointRecord, LeavesANullPointer)
+{
+    alignas(KDRPointPrivate) unsigned char place[sizeof(KDRPointPrivate)];
+    auto* const record = new (place) KDRPointPrivate;
+    auto const offset = reinterpret_cast<unsigned char*>(&KDRInternal::pointer(*record)) - place;
+    record->~KDRPointPrivate();
+    void* left = place;
+    std::memcpy(&left, place + offset, sizeof left);
+    EXPECT_EQ(left, nullptr);
 }
 
 template <class Handle>
