@@ -160,8 +160,8 @@ TEST(StringLimits, OnlyTheMarkersThatAreReplacedCountWhateverIsWritten)
     KDRString const rest = KDRString("%9 ").repeated(5000);
     for (std::size_t i = 0; i < forms.size(); ++i) {
         SCOPED_TRACE(i);
-        for (char const* const marker : {"%1", "%L1"})
-            EXPECT_EQ(forms[i](KDRString(rest).insert(0, marker)).size(), width + rest.size());
+        for (char const* const first : {"%1", "%L1"})
+            EXPECT_EQ(forms[i](KDRString(rest).insert(0, first)).size(), width + rest.size());
         EXPECT_EQ(forms[i](KDRString(rest).insert(0, "%L1%1")).size(), 2 * width + rest.size());
         EXPECT_THROW(forms[i](rest), std::bad_alloc);
     }

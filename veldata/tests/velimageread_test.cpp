@@ -371,7 +371,7 @@ TEST(VelImageRead, BitmapsWithHeadersOfEveryKnownLength)
 TEST(VelImageRead, BitmapsWithOneColourAmongGreys)
 {
     Console console;
-    for (std::size_t part : {0, 1, 2}) {
+    for (std::size_t part = 0; part < 3; ++part) {
         Bytes bytes = Bitmap().bytes();
         bytes[54 + 4 * 9 + part] = 200;
         VelImage const image = readBytes(bytes);
