@@ -85,7 +85,7 @@ bool isKnownLayout(Beginning const& file, Header const& header)
     case 32:
         if (header.compression == Uncompressed)
             return true;
-        return header.compression == BitFields && header.size >= 56 && file.size >= masksEnd &&
+        return header.compression == BitFields && header.size >= 56 &&
                hasMasks(file, 0x00FF0000, 0x0000FF00, 0x000000FF) &&
                file.number32(masksEnd - 4) == 0xFF000000;
     default:

@@ -100,8 +100,7 @@ void precisionMustFit(int precision)
 
 void insertAt(QString& text, int i, QString const& inserted)
 {
-    if (!inserted.isEmpty() && i >= 0)
-        mustFit(static_cast<long long>(i) + inserted.size());
+    mustFit(static_cast<long long>(i) + inserted.size());
     text.insert(i, inserted);
 }
 

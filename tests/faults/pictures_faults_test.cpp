@@ -88,6 +88,26 @@ TEST_P(PictureFaults, ReadingAnswersFailureAndKeepsThePixels)
                [&](auto& both) { std::get<1>(both) = std::get<0>(both).read(file); });
 }
 
+TEST_P(PictureFaults, AFileThatEndsTooEarlyLeavesNoMemoryBehind)
+{
+    KDRString const file = path("picture");
+    ASSERT_EQ(picture().save(file), 1);
+    std::string const whole = contentOf(file);
+    KDRImage image;
+    // From the second time on, what the picture libraries keep for themselves is there.
+    for (int time = 0; time < 2; ++time) {
+        long const before = memory::live();
+        for (std::size_t missing : {std::size_t{3}, whole.size() / 4, whole.size() / 2}) {
+            std::ofstream(file.toUtf8().constData(), std::ios::binary)
+                << whole.substr(0, whole.size() - missing);
+            EXPECT_EQ(image.read(file), 0) << missing;
+        }
+        if (time > 0) {
+            EXPECT_EQ(memory::live(), before);
+        }
+    }
+}
+
 TEST_P(PictureFaults, SavingAnswersFailureAndKeepsTheOldFile)
 {
     KDRString const name = path("picture");

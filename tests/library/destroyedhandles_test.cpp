@@ -1,8 +1,13 @@
 // What a destroyed handle leaves behind: a null pointer, in builds with and without optimisation.
 
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/kdrdata.h>
+#include <kdrdata/vision/kdrpointprivate.h>
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <new>
 
 #include "../support/handleplace.h"
 
@@ -32,15 +37,30 @@ TYPED_TEST(DestroyedHandle, LeavesANullPointer)
     EXPECT_EQ(place.pointer(), nullptr);
 }
 
+TEST(DestroyedPointRecord, LeavesANullPointer)
+{
+    alignas(KDRPointPrivate) unsigned char place[sizeof(KDRPointPrivate)];
+    auto* const record = new (place) KDRPointPrivate;
+    auto const offset = reinterpret_cast<unsigned char*>(&KDRInternal::pointer(*record)) - place;
+    record->~KDRPointPrivate();
+    void* left = place;
+    std::memcpy(&left, place + offset, sizeof left);
+    EXPECT_EQ(left, nullptr);
+}
+
 template <class Handle>
 class HandleDestroyedTwice : public testing::Test
 {
 };
 
-// The classes whose destructors look whether there is something to destroy.
-using Twice = testing::Types<KDRBoolArray, KDRBufferArray, KDREnumArray, KDRMatrix3Array,
-                             KDRMatrix4Array, KDRNumber, KDRNumberArray, KDRShape3DArray,
-                             KDRShapeArray, KDRStringArray, KDRVariant, KDRVariantArray>;
+// The classes whose destructors do nothing where there is nothing to destroy.
+using Twice =
+    testing::Types<KDRBoolArray, KDRBuffer, KDRBufferArray, KDRChar, KDRChunkData, KDRContour,
+                   KDRContourArray, KDREnum, KDREnumArray, KDRFont, KDRImage, KDRImageArray,
+                   KDRMatchModel, KDRMatrix, KDRMatrix3Array, KDRMatrix4Array, KDRMatrixArray,
+                   KDRNumber, KDRNumberArray, KDRPoint, KDRPointArray, KDRRegion, KDRRegionArray,
+                   KDRROIAlignment, KDRShape3DArray, KDRShapeArray, KDRString, KDRStringArray,
+                   KDRVariant, KDRVariantArray>;
 TYPED_TEST_SUITE(HandleDestroyedTwice, Twice, );
 
 TYPED_TEST(HandleDestroyedTwice, FindsNothingLeft)

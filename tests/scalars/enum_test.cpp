@@ -8,7 +8,9 @@
 
 #include <QtCore/QString>
 
+#include <cstring>
 #include <limits>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -311,6 +313,18 @@ TEST(EnumPrivate, AssignmentAndCopyCarryEveryField)
         EXPECT_EQ(listOf(other->stringList), (Names{"a"}));
         EXPECT_EQ(other->currentValue, 7);
     }
+}
+
+TEST(EnumPrivate, DestructionLeavesNothingChosenBehind)
+{
+    alignas(KDREnumPrivate) unsigned char place[sizeof(KDREnumPrivate)];
+    auto* const record = new (place) KDREnumPrivate;
+    record->currentValue = 7;
+    auto const offset = reinterpret_cast<unsigned char*>(&record->currentValue) - place;
+    record->~KDREnumPrivate();
+    int left = 0;
+    std::memcpy(&left, place + offset, sizeof left);
+    EXPECT_EQ(left, -1);
 }
 
 TEST(EnumPrivate, DestructionLeavesOtherHoldersTheirLists)

@@ -85,6 +85,18 @@ TEST(RegExpCopies, ASearchOfACopyShowsNeitherInTheSourceNorInOthers)
     expectTheMatchInXabbb(other);
 }
 
+TEST(RegExpCopies, ACopyHasTheMatchOfItsTimeWhereOnlyItsPositionIsAnother)
+{
+    KDRString const text("aba");
+    KDRRegExp const source(KDRString("a"));
+    EXPECT_EQ(source.indexIn(text), 0);
+    KDRRegExp const first(source);
+    EXPECT_EQ(source.indexIn(text, 1), 2);
+    KDRRegExp const second(source);
+    EXPECT_EQ(first.pos(), 0);
+    EXPECT_EQ(second.pos(), 2);
+}
+
 TEST(RegExpCopies, SearchesThroughStringsAndArraysLeaveTheCopiedMatchToo)
 {
     auto source = searched();

@@ -10,7 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstddef>
+#include <functional>
 #include <new>
+#include <vector>
 
 // What the operations of KDRString allocate, and what they do when there is not enough memory.
 
@@ -128,6 +131,42 @@ TEST(StringLimits, OnlyTheMarkersThatAreReplacedCount)
     EXPECT_EQ(pattern.arg(value).size(), pattern.size() - 2 + (1 << 20));
 }
 
+TEST(StringLimits, OnlyTheMarkersThatAreReplacedCountWhateverIsWritten)
+{
+    constexpr int width = 1 << 19;
+    constexpr auto fixed = KDRString::KDRFormatFixed;
+    KDRChar const fill('_');
+    KDRChar const zero('0');
+    std::vector<std::function<KDRString(KDRString const&)>> const forms = {
+        [](auto const& text) { return text.arg(KDRString("x"), width); },
+        [&](auto const& text) { return text.arg(KDRString("x"), width, fill); },
+        [](auto const& text) { return text.arg('x', width); },
+        [&](auto const& text) { return text.arg('x', width, fill); },
+        [](auto const& text) { return text.arg(KDRChar('x'), width); },
+        [&](auto const& text) { return text.arg(KDRChar('x'), width, fill); },
+        [](auto const& text) { return text.arg(KDRChar(), width); },
+        [&](auto const& text) { return text.arg(KDRChar(), width, fill); },
+        [](auto const& text) { return text.arg(5, width); },
+        [&](auto const& text) { return text.arg(5L, width, 10, fill); },
+        [&](auto const& text) { return text.arg(5LL, width, 10, zero); },
+        [&](auto const& text) { return text.arg(5UL, width, 10, zero); },
+        [](auto const& text) { return text.arg(2.5, width); },
+        [&](auto const& text) { return text.arg(2.5, width, fixed, 1, fill); },
+        [&](auto const& text) { return text.arg(2.5, width, fixed, 1, zero); },
+        [](auto const& text) { return text.arg(2.5, 0, fixed, width - 2); },
+        [&](auto const& text) { return text.arg(2.5, 0, fixed, width - 2, zero); },
+    };
+    // Of the markers behind, each as wide as the first ones, there are too many.
+    KDRString const rest = KDRString("%9 ").repeated(5000);
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        SCOPED_TRACE(i);
+        for (char const* const first : {"%1", "%L1"})
+            EXPECT_EQ(forms[i](KDRString(rest).insert(0, first)).size(), width + rest.size());
+        EXPECT_EQ(forms[i](KDRString(rest).insert(0, "%L1%1")).size(), 2 * width + rest.size());
+        EXPECT_THROW(forms[i](rest), std::bad_alloc);
+    }
+}
+
 TEST(StringLimits, ReplacingAllByTooMuchThrowsAndChangesNothing)
 {
     KDRString const million = KDRString("x").repeated(1 << 20);
@@ -145,6 +184,51 @@ TEST(StringLimits, ReplacingAllByTooMuchThrowsAndChangesNothing)
     EXPECT_EQ(text.replace(KDRRegExp(KDRString("b")), million).size(), 8192 + (1 << 20));
     text = KDRString("b");
     EXPECT_EQ(text.replace(KDRRegExp(KDRString("(b)")), million).size(), 1 << 20);
+}
+
+TEST(StringLimits, OneOccurrenceTooManyThrows)
+{
+    // The text would be as long as the number after the largest int, where Qt's sum turns negative.
+    KDRString const part = KDRString("x").repeated(1 << 22);
+    KDRString const original = KDRString("a").repeated(1 << 9);
+    KDRString text(original);
+    EXPECT_THROW(text.replace(KDRString("a"), part), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("a")), part), std::bad_alloc);
+    EXPECT_THROW(text.replace(KDRRegExp(KDRString("(a)")), part), std::bad_alloc);
+    EXPECT_EQ(text, original);
+}
+
+TEST(StringLimits, AFewLongOccurrencesThatGrowTooMuchThrow)
+{
+    KDRString const before = KDRString("a").repeated(26755);
+    KDRString const original = before.repeated(3);
+    KDRString after;
+    KDRInternal::wrapped(after) =
+        QString(716000000, Qt::Uninitialized); // takes no memory till read
+    KDRString text(original);
+    EXPECT_THROW(text.replace(before, after), std::bad_alloc);
+    EXPECT_EQ(text, original);
+}
+
+TEST(StringLimits, MarkersOfEitherKindAloneCanBeTooMany)
+{
+    // Qt's sum passes all of an int's numbers and is small and positive again.
+    constexpr int width = 1 << 22;
+    for (char const* const each : {"%1", "%L1"}) {
+        KDRString const pattern = KDRString(each).repeated(1025);
+        EXPECT_THROW(pattern.arg(KDRString("x"), width), std::bad_alloc) << each;
+        EXPECT_THROW(pattern.arg(5, width), std::bad_alloc) << each;
+        EXPECT_THROW(pattern.arg(2.5, width), std::bad_alloc) << each;
+    }
+}
+
+TEST(StringLimits, APrecisionOfMoreThanANumberHasIsNoReasonToRefuse)
+{
+    // So many numbers of so many decimals would be too long; these have one each.
+    constexpr int count = 1960000;
+    constexpr int precision = 1100;
+    KDRString const pattern = KDRString("%1").repeated(count);
+    EXPECT_EQ(pattern.arg(2.5, 0, KDRString::KDRFormatGeneral, precision).size(), count * 3);
 }
 
 TEST(StringLimits, NegativeSizesMeanUpToTheZero)

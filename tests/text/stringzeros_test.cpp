@@ -55,6 +55,16 @@ TEST(StringZeros, OfFloatingPointNumbersAreQts)
     }
 }
 
+TEST(StringZeros, OfANumberAsWideAsTheyShouldMakeItAreNone)
+{
+    for (int const width : {1002, 1003, 1004}) {
+        QString const expected = QString("%1").arg(-2.5, width, 'f', 1000, QChar('0'));
+        EXPECT_EQ(KDRString("%1").arg(-2.5, width, KDRString::KDRFormatFixed, 1000, KDRChar('0')),
+                  textOf(expected))
+            << width;
+    }
+}
+
 TEST(StringZeros, FollowTheDefaultLocaleAtLocalisedMarkers)
 {
     QLocale const before;

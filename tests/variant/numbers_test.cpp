@@ -3,12 +3,15 @@
 
 #include <kdrdata/kdrdata.h>
 
+#include <kdrdata/scalars/kdrnumber_p.h>
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <functional>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "../support/variantaccess.h"
@@ -246,6 +249,37 @@ TEST(Numbers, AWrittenNumberHasNoRangeLeft)
         EXPECT_TRUE(variant.toInt(&value));
         EXPECT_EQ(value, 7);
     }
+}
+
+TEST(Numbers, OnesWithoutARecordReadAsZeroAndAreReplaced)
+{
+    KDRVariant variant(0.5);
+    KDRNumber* number = nullptr;
+    ASSERT_TRUE(variant.toNumberPtr(number));
+    // What a handle looks like whose destructor has run.
+    KDRNumber other;
+    delete KDRInternal::pointer(other);
+    KDRInternal::pointer(other) = std::exchange(KDRInternal::pointer(*number), nullptr);
+
+    int asInt = 1;
+    long asLong = 1;
+    long long asLongLong = 1;
+    float asFloat = 1.0F;
+    double asDouble = 1.0;
+    EXPECT_TRUE(variant.toInt(&asInt));
+    EXPECT_TRUE(variant.toLong(&asLong));
+    EXPECT_TRUE(variant.toLongLong(&asLongLong));
+    EXPECT_TRUE(variant.toFloat(&asFloat));
+    EXPECT_TRUE(variant.toDouble(&asDouble));
+    EXPECT_EQ(asInt, 0);
+    EXPECT_EQ(asLong, 0L);
+    EXPECT_EQ(asLongLong, 0LL);
+    EXPECT_EQ(asFloat, 0.0F);
+    EXPECT_EQ(asDouble, 0.0);
+    variant.fromInt(6);
+    EXPECT_TRUE(variant.toInt(&asInt));
+    EXPECT_EQ(asInt, 6);
+    EXPECT_EQ(other.toDouble(), 0.5);
 }
 
 TEST(Numbers, AreWrittenIntoAStoreThatWasCleared)

@@ -125,16 +125,20 @@ TEST(Store, ReadersRefuseANullOutput)
     EXPECT_FALSE(KDRVariantPrivate(true).toBool(nullptr));
 }
 
+// Before, between and behind the groups of kinds, next to their first and last ones.
+constexpr int unknownKinds[] = {-1,   13,   77,   499,  510,  999, 1011,
+                                1499, 1504, 1799, 1803, 1999, 2001};
+
 TEST(Store, APayloadOfAnUnknownKindIsNotFreed)
 {
     auto* const payload = new KDRNumber(1);
-    {
+    for (int const kind : unknownKinds) {
         KDRVariantPrivate store;
-        VariantAccess::kind(store) = 77;
+        VariantAccess::kind(store) = kind;
         VariantAccess::payload(store) = payload;
         store.clear();
         EXPECT_EQ(VariantAccess::payload(store), nullptr);
-        EXPECT_EQ(store.variantType(), 77);
+        EXPECT_EQ(store.variantType(), kind);
     }
     EXPECT_EQ(payload->toInt(), 1);
     delete payload;
@@ -143,15 +147,17 @@ TEST(Store, APayloadOfAnUnknownKindIsNotFreed)
 TEST(Store, CopiesOfAnUnknownKindKeepTheKindWithoutAPayload)
 {
     KDRNumber payload(1);
-    KDRVariantPrivate store;
-    VariantAccess::kind(store) = 77;
-    VariantAccess::payload(store) = &payload;
-    KDRVariantPrivate copy(store);
-    KDRVariantPrivate assigned(5);
-    assigned = store;
-    for (KDRVariantPrivate* const other : {&copy, &assigned}) {
-        EXPECT_EQ(other->variantType(), 77);
-        EXPECT_EQ(VariantAccess::payload(*other), nullptr);
+    for (int const kind : unknownKinds) {
+        KDRVariantPrivate store;
+        VariantAccess::kind(store) = kind;
+        VariantAccess::payload(store) = &payload;
+        KDRVariantPrivate copy(store);
+        KDRVariantPrivate assigned(5);
+        assigned = store;
+        for (KDRVariantPrivate* const other : {&copy, &assigned}) {
+            EXPECT_EQ(other->variantType(), kind);
+            EXPECT_EQ(VariantAccess::payload(*other), nullptr);
+        }
     }
 }
 

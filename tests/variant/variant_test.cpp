@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -35,6 +36,17 @@ TEST(Variant, IsOnePointerWideAndHasNoMoveOfItsOwn)
 }
 
 TEST(Variant, DefaultIsEmpty) { EXPECT_EQ(KDRVariant().variantType(), 2000); }
+
+TEST(Variant, MadeFromItselfIsEmpty)
+{
+    alignas(KDRVariant) unsigned char place[sizeof(KDRVariant)] = {};
+    auto* const variant = reinterpret_cast<KDRVariant*>(place);
+    new (variant) KDRVariant(*variant);
+    EXPECT_EQ(variant->variantType(), 2000);
+    variant->fromInt(5);
+    EXPECT_EQ(intIn(*variant), 5);
+    variant->~KDRVariant();
+}
 
 TEST(Variant, EachConstructorMakesItsKind)
 {

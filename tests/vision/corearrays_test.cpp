@@ -1,3 +1,4 @@
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/scalars/kdrnumber.h>
 #include <kdrdata/vision/kdrcontourarray.h>
 #include <kdrdata/vision/kdrimagearray.h>
@@ -8,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <type_traits>
+#include <utility>
 
 #include "../contract/arraysuite.h"
 #include "regions.h"
@@ -130,6 +133,48 @@ TYPED_TEST(CoreArray, IndexOutsideIsTheCoreLibrarysInDebugBuildsToo)
     array.push_back(TypeParam::make(4));
     for (int const index : {1, -1, INT_MAX, INT_MIN})
         expectDefault(array[index]);
+}
+
+/// An array as a handle looks whose destructor has run, for as long as this lives.
+template <class Array>
+class WithoutAnArray
+{
+public:
+    WithoutAnArray() : kept(std::exchange(KDRInternal::pointer(array), nullptr)) {}
+    ~WithoutAnArray() { KDRInternal::pointer(array) = kept; }
+    WithoutAnArray(WithoutAnArray const&) = delete;
+    WithoutAnArray& operator=(WithoutAnArray const&) = delete;
+
+    Array array;
+
+private:
+    std::decay_t<decltype(KDRInternal::pointer(std::declval<Array&>()))> kept;
+};
+
+TYPED_TEST(CoreArray, HandlesWithoutAnArrayReadAsDefaults)
+{
+    WithoutAnArray<typename TypeParam::Array> const empty;
+    expectDefault(empty.array[0]);
+}
+
+template <class Traits>
+class AssignedCoreArray : public testing::Test
+{
+};
+
+using AssignedCoreArrays = testing::Types<PointArrayTraits, ContourArrayTraits, ImageArrayTraits>;
+TYPED_TEST_SUITE(AssignedCoreArray, AssignedCoreArrays, );
+
+TYPED_TEST(AssignedCoreArray, HandlesWithoutAnArrayAreSkipped)
+{
+    WithoutAnArray<typename TypeParam::Array> empty;
+    typename TypeParam::Array array;
+    array.push_back(TypeParam::make(4));
+    EXPECT_EQ(&(array = empty.array), &array);
+    ASSERT_EQ(array.length(), 1);
+    EXPECT_EQ(TypeParam::read(array[0]), 4);
+    EXPECT_EQ(&(empty.array = array), &empty.array);
+    EXPECT_EQ(KDRInternal::pointer(empty.array), nullptr);
 }
 
 TEST(PointArray, KeepsNoRanges)

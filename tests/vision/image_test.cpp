@@ -1,3 +1,4 @@
+#include <kdrdata/internal/kdrinternal_p.h>
 #include <kdrdata/text/kdrstring.h>
 #include <kdrdata/vision/kdrimage.h>
 
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "../support/localcodec.h"
 
@@ -105,6 +107,20 @@ TEST(Image, AnImageMadeAnewLeavesItsCopiesTheirPixels)
     EXPECT_NE(original.GenImageExt(nullptr, 1, 1, 1, 0, KDRImage::DataTypeUInt8), 0);
     EXPECT_EQ(pixelsOf(copy), pixels);
     EXPECT_EQ(original.width(), 1);
+}
+
+TEST(Image, HandlesWithoutAnImageAreSkippedByAssignmentAndHoldBytes)
+{
+    // What a handle looks like whose destructor has run.
+    KDRImage empty;
+    auto* const kept = std::exchange(KDRInternal::pointer(empty), nullptr);
+    KDRImage image = greyImage();
+    EXPECT_EQ(&(image = empty), &image);
+    EXPECT_EQ(pixelsOf(image), pixels);
+    EXPECT_EQ(&(empty = image), &empty);
+    EXPECT_EQ(KDRInternal::pointer(empty), nullptr);
+    EXPECT_EQ(empty.dataType(), KDRImage::DataTypeUInt8);
+    KDRInternal::pointer(empty) = kept;
 }
 
 TEST(Image, CloneHasPixelsOfItsOwn)

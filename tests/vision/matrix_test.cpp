@@ -113,6 +113,27 @@ TEST(Matrix, RowsAreDecodedByTheTypesWidthAndSign)
     EXPECT_EQ(secondRow(KDRMatrix::MatrixTypeInt32, 4), (std::vector<double>{-1, -1, -1}));
 }
 
+TEST(Matrix, LongRowsAndColumnsAreReadInWhole)
+{
+    for (int const length : {63, 64, 65, 100, 128, 129}) {
+        KDRMatrix row(1, length, KDRMatrix::MatrixTypeInt32);
+        KDRMatrix column(length, 1, KDRMatrix::MatrixTypeInt32);
+        std::vector<double> expected;
+        for (int i = 0; i < length; ++i) {
+            KDRNumber number(3 * i);
+            row.replace(0, i, number);
+            column.replace(i, 0, number);
+            expected.push_back(3.0 * i);
+        }
+        KDRNumberArray out = oldNumbers();
+        EXPECT_TRUE(row.getRowData(0, &out));
+        EXPECT_EQ(numbersOf(out), expected);
+        out = oldNumbers();
+        EXPECT_TRUE(column.getColData(0, &out));
+        EXPECT_EQ(numbersOf(out), expected);
+    }
+}
+
 TEST(Matrix, IntegersAreReadAsIntegersAndOthersAsFloatingPointNumbers)
 {
     for (int code = 0; code <= 6; ++code) {

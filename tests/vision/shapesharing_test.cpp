@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "../support/allocations.h"
+#include "../support/blocking.h"
 #include "../support/failing.h"
 #include "../support/shapeaccess.h"
 #include "shapetable.h"
@@ -182,6 +183,24 @@ TEST(ShapeRecord, CountsItsHolders)
     record->decRef();
     EXPECT_EQ(record->refCount(), 2);
     record->decRef();
+    EXPECT_EQ(record->refCount(), 1);
+    record->decRef();
+}
+
+TEST(ShapeRecord, CountsWithItsMutexLocked)
+{
+    auto* const record = new KDRShapePrivate;
+    QMutex& mutex = ShapeAccess::mutex(*record);
+    auto const expectWaiting = [&mutex](auto const& operation) {
+        mutex.lock();
+        EXPECT_TRUE(waitsFor(operation, [&mutex] { mutex.unlock(); }));
+    };
+    int count = 0;
+    expectWaiting([&] { count = record->addRef(); });
+    EXPECT_EQ(count, 2);
+    expectWaiting([&] { count = record->refCount(); });
+    EXPECT_EQ(count, 2);
+    expectWaiting([&] { record->decRef(); });
     EXPECT_EQ(record->refCount(), 1);
     record->decRef();
 }

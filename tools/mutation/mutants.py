@@ -360,7 +360,7 @@ class Finder:
             broken, change = f"return ({text}) + 1;", "the result is one more"
         elif result.kind == TypeKind.POINTER:
             broken, change = "return nullptr;", "the result is null"
-        elif result.kind == TypeKind.RECORD and not text.endswith("()"):
+        elif result.kind == TypeKind.RECORD and text != "{}" and not text.endswith("()"):
             broken, change = "return {};", "the result is a default one"
         else:
             return

@@ -18,6 +18,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "child.h"
 #include "console.h"
 #include "imagefiles.h"
 
@@ -40,6 +41,7 @@ struct Faults
     std::function<bool(std::size_t& size, ssize_t& answer)> onRead;
     std::function<bool(std::size_t& size, ssize_t& answer)> onWrite;
     std::function<void(char const* path, int flags)> onOpen;
+    std::function<bool(int& answer)> onOwn;
     std::function<bool(int& answer)> onSync;
     std::function<bool(int& answer)> onClose;
     std::function<bool(int& answer)> onRename;
@@ -116,6 +118,15 @@ ssize_t pwrite(int fd, void const* data, std::size_t size, off_t offset)
     if (faults && faults->onWrite && faults->onWrite(size, answer))
         return answer;
     return ::syscall(SYS_pwrite64, fd, data, size, offset);
+}
+
+int fchown(int fd, uid_t owner, gid_t group) noexcept
+{
+    int answer = 0;
+    Faults* const faults = Faults::current;
+    if (faults && faults->onOwn && faults->onOwn(answer))
+        return answer;
+    return static_cast<int>(::syscall(SYS_fchown, fd, owner, group));
 }
 
 int fsync(int fd)
@@ -238,6 +249,42 @@ TEST_F(VelImageFaults, WhatLiesAtTheTemporaryNameIsLeftAlone)
     for (std::string const& link : links)
         EXPECT_TRUE(std::filesystem::is_symlink(link));
     EXPECT_EQ(directory.entries().size(), 5u);
+}
+
+/// Each name is taken just before it is tried.
+TEST_F(VelImageFaults, WhereEveryTemporaryNameIsTakenNothingIsSaved)
+{
+    std::vector<std::string> links;
+    faults.onOpen = [&](char const* name, int flags) {
+        if (flags & O_CREAT) {
+            links.push_back(name);
+            std::filesystem::create_symlink("nowhere", name);
+        }
+    };
+    EXPECT_FALSE(saves(path));
+    EXPECT_EQ(links.size(), 1000u);
+    for (std::string const& link : links)
+        std::filesystem::remove(link);
+    EXPECT_EQ(readFile(path), old);
+    EXPECT_EQ(directory.entries(), Names({"image.bmp"}));
+}
+
+/// Who may not give a file away may not choose its group either, or may.
+TEST_F(VelImageFaults, AnOwnerThatCannotBeKeptIsGivenUpUnlessTheFileSystemFails)
+{
+    int calls = 0;
+    faults.onOwn = [&calls](int& answer) {
+        answer = fail(++calls == 1 ? EPERM : EIO);
+        return true;
+    };
+    expectFailureWithoutATrace();
+    EXPECT_EQ(calls, 2);
+    faults.onOwn = [](int& answer) {
+        answer = fail(EPERM);
+        return true;
+    };
+    EXPECT_TRUE(saves(path));
+    EXPECT_TRUE(reads(path));
 }
 
 TEST_F(VelImageFaults, WritesThatTakeALittleAtATimeAreContinued)
@@ -364,6 +411,65 @@ TEST(VelImageReadFaults, AReadThatFailsIsAFailure)
     EXPECT_EQ(console.caught(), "");
 }
 
+TEST(VelImageSaveFaults, AnyWriteThatFailsIsAFailureInEveryFormat)
+{
+    TemporaryDirectory const directory;
+    for (std::string const& format : formats()) {
+        std::string const path = directory.path("image" + format);
+        int all = 0;
+        {
+            Faults faults;
+            faults.onWrite = [&all](std::size_t&, ssize_t&) {
+                ++all;
+                return false;
+            };
+            EXPECT_TRUE(saves(path));
+        }
+        std::filesystem::remove(path);
+        EXPECT_GT(all, 0);
+        for (int good = 0; good < all; ++good) {
+            Faults faults;
+            int count = 0;
+            faults.onWrite = [&count, good](std::size_t&, ssize_t& answer) {
+                if (++count != good + 1)
+                    return false;
+                answer = fail(ENOSPC);
+                return true;
+            };
+            EXPECT_FALSE(saves(path)) << format << ' ' << good;
+            EXPECT_EQ(directory.entries(), Names());
+        }
+    }
+}
+
+/// A bitmap with a palette of colours goes through a window of its own.
+TEST(VelImageReadFaults, AReadThatFailsWhileColoursAreLookedUpIsAFailure)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image");
+    Bytes bytes = encoded(".bmp", picture(CV_8UC1));
+    bytes[54] = 200;
+    writeFile(path, bytes);
+    VelImage image;
+    Faults faults;
+    int all = 0;
+    faults.onRead = [&all](std::size_t&, ssize_t&) {
+        ++all;
+        return false;
+    };
+    EXPECT_EQ(image.ReadImage(path.c_str()), 1);
+    for (int good = 0; good < all; ++good) {
+        int count = 0;
+        faults.onRead = [&count, good](std::size_t&, ssize_t& answer) {
+            if (++count <= good)
+                return false;
+            answer = fail(EIO);
+            return true;
+        };
+        EXPECT_EQ(image.ReadImage(path.c_str()), 0) << good;
+    }
+}
+
 /// Cut to @p part of its size at every read in turn.
 TEST(VelImageReadFaults, AFileThatShrinksWhileItIsReadIsRefused)
 {
@@ -405,6 +511,27 @@ TEST(VelImageReadFaults, AFileThatGrowsWhileItIsReadIsReadAsItWas)
         };
         EXPECT_TRUE(reads(path)) << format;
     }
+}
+
+/// As a service does that closes its standard input: the next file that is opened is number 0.
+TEST(VelImageDescriptors, NumberZeroIsOneLikeAnyOther)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image.bmp");
+    auto const isFree = [] { return ::fcntl(0, F_GETFD) == -1; };
+    auto const operation = [&] {
+        ::close(0);
+        if (!reads(path) || !saves(path) || !isFree())
+            return 1;
+        Faults faults;
+        faults.onWrite = [](std::size_t&, ssize_t& answer) {
+            answer = fail(EIO);
+            return true;
+        };
+        return !saves(path) && isFree() ? 0 : 2;
+    };
+    ASSERT_TRUE(saves(path));
+    EXPECT_EQ(inChild(operation), 0);
 }
 
 // --- what is no file
@@ -449,6 +576,24 @@ TEST(VelImageSpecialFiles, ThePipeAndTheDeviceAreNeverOpened)
         EXPECT_EQ(imageOf(large()).SaveImage(directory.path(name).c_str(), 6), 0);
         EXPECT_FALSE(watch.sawAnyone()) << name;
     }
+}
+
+/// It takes the file's place after the file was looked at and before it is opened.
+TEST(VelImageSpecialFiles, APipeInPlaceOfAFileIsLeftAlone)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image.png");
+    writeFile(path, encoded(".png", large()));
+    int const standardInput = ::fcntl(0, F_GETFD);
+    Faults faults;
+    faults.onOpen = [&path](char const*, int) {
+        std::filesystem::remove(path);
+        EXPECT_EQ(::mkfifo(path.c_str(), 0666), 0);
+    };
+    VelImage image;
+    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    EXPECT_EQ(faults.calls, Names({"open"}));
+    EXPECT_EQ(::fcntl(0, F_GETFD), standardInput);
 }
 
 /// Somebody waits at the other end of a pipe, whose open returns when this end is opened.

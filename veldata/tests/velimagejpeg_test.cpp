@@ -158,6 +158,22 @@ TEST(VelImageJpeg, APictureWhoseEndComesTooEarlyIsRefusedInSilence)
     EXPECT_EQ(console.caught(), "");
 }
 
+/// The reader gives up a file through which it steps for long without a picture.
+TEST(VelImageJpeg, CommentsOfAnyLengthArePassedOver)
+{
+    Bytes const plain = encoded(".jpg", picture(CV_8UC3));
+    Bytes comment(65537);
+    comment[0] = 0xFF;
+    comment[1] = 0xFE;
+    comment[2] = comment[3] = 0xFF;
+    Bytes file(plain.begin(), plain.begin() + 2);
+    for (int i = 0; i < 1100; ++i)
+        file.insert(file.end(), comment.begin(), comment.end());
+    file.insert(file.end(), plain.begin() + 2, plain.end());
+    EXPECT_TRUE(same(viewOf(readBytes(file)), viewOf(readBytes(plain))));
+    EXPECT_NE(readBytes(plain).ImageData(), nullptr);
+}
+
 TEST(VelImageJpeg, TwoComponentsAreRefusedInSilence)
 {
     Console console;

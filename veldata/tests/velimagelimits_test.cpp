@@ -138,6 +138,15 @@ TEST(VelImageLimits, ClaimsOfMoreThanAGibibyteAreRefusedWithoutTheMemoryForThem)
     }
 }
 
+/// Formats that do not pack their pixels: the length of the file tells whether all are there.
+TEST(VelImageLimits, ClaimsOfPixelsThatTheFileDoesNotHoldAreRefusedWithoutTheMemoryForThem)
+{
+    for (Bytes const& bytes :
+         {RawBitmap{16384, 16384}.header(), bytesOf("P4\n16384 16384\n"),
+          bytesOf("P5\n16384 16384\n255\n"), bytesOf("P6\n16384 16384\n255\n")})
+        expectCheapRefusal(bytes);
+}
+
 /// Sizes whose products leave 32 and 64 bits.
 TEST(VelImageLimits, ClaimsBeyondAllArithmeticAreRefused)
 {

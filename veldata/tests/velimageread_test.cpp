@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <climits>
 #include <filesystem>
 #include <string>
@@ -148,7 +149,12 @@ TEST(VelImageRead, AsciiAndBinaryPortableMaps)
          1,
          VEL_8U,
          {0, 255, 0, 255, 255, 255, 255, 255, 255, 0}},
+        {std::string("P4\n8 2\n\xA5\x0F", 9),
+         1,
+         VEL_8U,
+         {0, 255, 0, 255, 255, 0, 255, 0, 255, 255, 255, 255, 0, 0, 0, 0}},
         {std::string("P5\n2 1\n255\n\x07\xFF", 13), 1, VEL_8U, {7, 255}},
+        {std::string("P5\n#a\0b\n2 1\n255\n\x07\xFF", 18), 1, VEL_8U, {7, 255}},
         {std::string("P5\n2 1\n65535\n\x01\x02\xFF\x00", 17), 1, VEL_16U, {0x0102, 0xFF00}},
         {std::string("P6\n1 1\n255\n\x01\x02\x03", 14), 3, VEL_8U, {3, 2, 1}},
     };
@@ -240,6 +246,7 @@ struct Bitmap
             put(file, 0, 12);
             put(file, colours, 4);
             put(file, 0, 4);
+            file.resize(std::max<std::size_t>(file.size(), 14 + headerSize));
         }
         file.insert(file.end(), masks.begin(), masks.end());
         for (std::size_t i = 0; i < paletteBytes; ++i)
@@ -341,10 +348,36 @@ TEST(VelImageRead, BitmapsWithMasks)
     alpha.dataSize = 60;
     Bytes const masks = {0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0xFF, 0, 0, 0, 0, 0, 0, 0xFF};
     Bytes bytes = alpha.bytes();
-    bytes.insert(bytes.begin() + 54, masks.begin(), masks.end());
+    std::copy(masks.begin(), masks.end(), bytes.begin() + 54);
     VelImage const image = readBytes(bytes);
     EXPECT_EQ(image.Channels(), 4);
     EXPECT_EQ(valuesOf(image)[4], 44);
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageRead, BitmapsWithHeadersOfEveryKnownLength)
+{
+    Console console;
+    Bitmap bitmap;
+    for (unsigned size = 13; size <= 130; ++size) {
+        bitmap.headerSize = size;
+        bool const isKnown = size == 40 || size == 52 || size == 56 || size == 108 || size == 124;
+        EXPECT_EQ(readBytes(bitmap.bytes()).ImageData() != nullptr, isKnown) << size;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// A palette of greys with one colour among them is one of colours, whichever part differs.
+TEST(VelImageRead, BitmapsWithOneColourAmongGreys)
+{
+    Console console;
+    for (std::size_t part = 0; part < 3; ++part) {
+        Bytes bytes = Bitmap().bytes();
+        bytes[54 + 4 * 9 + part] = 200;
+        VelImage const image = readBytes(bytes);
+        EXPECT_EQ(image.Channels(), 3) << part;
+        EXPECT_TRUE(same(viewOf(image), decoded(bytes))) << part;
+    }
     EXPECT_EQ(console.caught(), "");
 }
 

@@ -21,7 +21,8 @@ struct Tiff
 {
     char const* mode = "w";
     cv::Mat pixels = picture(CV_8UC1);
-    int bits = 0; ///< 0 for those of the pixels
+    int bits = 0;   ///< 0 for those of the pixels
+    int format = 0; ///< 0 for that of the pixels
     int photometric = PHOTOMETRIC_MINISBLACK;
     int compression = COMPRESSION_NONE;
     int planes = PLANARCONFIG_CONTIG;
@@ -45,9 +46,10 @@ struct Tiff
                      bits ? bits : static_cast<int>(pixels.elemSize1() * 8));
         TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, pixels.channels());
         TIFFSetField(tiff, TIFFTAG_SAMPLEFORMAT,
-                     isFloating ? SAMPLEFORMAT_IEEEFP
-                     : isSigned ? SAMPLEFORMAT_INT
-                                : SAMPLEFORMAT_UINT);
+                     format       ? format
+                     : isFloating ? SAMPLEFORMAT_IEEEFP
+                     : isSigned   ? SAMPLEFORMAT_INT
+                                  : SAMPLEFORMAT_UINT);
         TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, photometric);
         TIFFSetField(tiff, TIFFTAG_COMPRESSION, compression);
         TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, planes);
@@ -150,6 +152,48 @@ TEST(VelImageTiff, ElementTypesThatWouldBeConvertedAreRefusedInSilence)
             tiff.photometric = PHOTOMETRIC_RGB;
         if (tiff.pixels.channels() % 2 == 0)
             tiff.extraSample = EXTRASAMPLE_ASSOCALPHA;
+        EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, FormatsOfValuesThatNoElementTypeHasAreRefusedInSilence)
+{
+    Console console;
+    constexpr int unsignedFormat = SAMPLEFORMAT_UINT;
+    constexpr int signedFormat = SAMPLEFORMAT_INT;
+    constexpr int floatingFormat = SAMPLEFORMAT_IEEEFP;
+    struct
+    {
+        int type;
+        std::vector<int> formats;
+    } const cases[] = {{CV_8UC1, {floatingFormat, SAMPLEFORMAT_VOID}},
+                       {CV_16UC1, {floatingFormat, SAMPLEFORMAT_VOID}},
+                       {CV_32SC1, {unsignedFormat, SAMPLEFORMAT_VOID}},
+                       {CV_64FC1, {unsignedFormat, signedFormat, SAMPLEFORMAT_VOID}}};
+    for (auto const& [type, formats] : cases) {
+        for (int const format : formats) {
+            Tiff tiff;
+            tiff.pixels = picture(type);
+            tiff.format = format;
+            EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type << ' ' << format;
+        }
+    }
+    Tiff bilevel;
+    bilevel.bits = 1;
+    bilevel.format = signedFormat;
+    EXPECT_EQ(readTiff(bilevel).ImageData(), nullptr);
+    EXPECT_EQ(console.caught(), "");
+}
+
+TEST(VelImageTiff, WhiteIsZeroForSingleBytesAlone)
+{
+    Console console;
+    Tiff tiff;
+    tiff.photometric = PHOTOMETRIC_MINISWHITE;
+    EXPECT_NE(readTiff(tiff).ImageData(), nullptr);
+    for (int const type : {CV_16UC1, CV_8SC1, CV_32FC1, CV_8UC3}) {
+        tiff.pixels = picture(type);
         EXPECT_EQ(readTiff(tiff).ImageData(), nullptr) << type;
     }
     EXPECT_EQ(console.caught(), "");
@@ -441,26 +485,43 @@ TEST(VelImageTiff, PalettesAreWhatOpenCvDecodes)
 /// A deflated strip whose rows all decode, while what lies behind the last one is damaged.
 TEST(VelImageTiff, AStripDamagedBehindItsLastRowIsRefusedInSilence)
 {
-    unsigned char strip[] = {0x78, 0x9C, 0x63, 0x60, 0x60, 0xA2, 0x12, 0x64, 0x18, 0x35,
-                             0x69, 0xD4, 0xA4, 0x51, 0x2B, 0x46, 0x4D, 0x1A, 0x35, 0x69,
-                             0xD4, 0x24, 0x2A, 0xD9, 0x04, 0xCE, 0x88, 0xC9, 0x06, 0x79};
-    TemporaryDirectory const directory;
-    std::string const path = directory.path("image.tif");
-    TIFF* const tiff = TIFFOpen(path.c_str(), "w");
-    ASSERT_NE(tiff, nullptr);
-    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, 37);
-    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, 23);
-    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, 23);
-    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 16);
-    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 1);
-    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
-    EXPECT_EQ(TIFFWriteRawStrip(tiff, 0, strip, sizeof strip), static_cast<tmsize_t>(sizeof strip));
-    TIFFClose(tiff);
-
+    unsigned char damaged[] = {0x78, 0x9C, 0x63, 0x60, 0x60, 0xA2, 0x12, 0x64, 0x18, 0x35,
+                               0x69, 0xD4, 0xA4, 0x51, 0x2B, 0x46, 0x4D, 0x1A, 0x35, 0x69,
+                               0xD4, 0x24, 0x2A, 0xD9, 0x04, 0xCE, 0x88, 0xC9, 0x06, 0x79};
+    struct
+    {
+        int width;
+        int bits;
+        int samples;
+        int strips; ///< of each plane; the last one of the last plane is damaged
+    } const cases[] = {{37, 16, 1, 1}, {74, 8, 1, 2}, {74, 8, 3, 1}, {74, 8, 3, 2}};
+    constexpr int rows = 23;
     Console console;
-    VelImage image;
-    EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    for (auto const& [width, bits, samples, strips] : cases) {
+        SCOPED_TRACE(testing::Message() << samples << " planes of " << strips << " strips");
+        TemporaryDirectory const directory;
+        std::string const path = directory.path("image.tif");
+        TIFF* const tiff = TIFFOpen(path.c_str(), "w");
+        ASSERT_NE(tiff, nullptr);
+        TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, width);
+        TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, rows * strips);
+        TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, rows);
+        TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, bits);
+        TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samples);
+        TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_SEPARATE);
+        TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC,
+                     samples == 1 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB);
+        TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_ADOBE_DEFLATE);
+        Bytes whole(static_cast<std::size_t>(width * bits / 8 * rows));
+        auto const last = static_cast<std::uint32_t>(samples * strips - 1);
+        for (std::uint32_t i = 0; i < last; ++i)
+            TIFFWriteEncodedStrip(tiff, i, whole.data(), static_cast<tmsize_t>(whole.size()));
+        EXPECT_EQ(TIFFWriteRawStrip(tiff, last, damaged, sizeof damaged),
+                  static_cast<tmsize_t>(sizeof damaged));
+        TIFFClose(tiff);
+        VelImage image;
+        EXPECT_EQ(image.ReadImage(path.c_str()), 0);
+    }
     EXPECT_EQ(console.caught(), "");
 }
 

@@ -173,6 +173,18 @@ TEST(VelMatchModel, TheLongestPayloadIsNotRefusedForItsLength)
     EXPECT_EQ(head.type, 7);
 }
 
+TEST(VelMatchModel, ARecordsHeadIsAsLongAsItSays)
+{
+    VelModelRecord head{};
+    head.type = 7;
+    head.payloadBytes = 3;
+    Bytes bytes(VelModelRecord::headBytes + 1, 0xA5);
+    head.write(bytes.data());
+    EXPECT_EQ(bytes.back(), 0xA5);
+    bytes.pop_back();
+    EXPECT_EQ(bytes, record(7, 3, {}));
+}
+
 TEST(VelMatchModel, CopiesAreDeep)
 {
     Bytes const first = record(1, {1, 2, 3});
