@@ -1,5 +1,5 @@
 # Debian packages of the three install components, made by CPack (./dev package): libkdrdata1 with
-# both shared libraries, libkdrdata-dev, libkdrdata-doc. Meant to be configured with the prefix
+# all shared libraries, libkdrdata-dev, libkdrdata-doc. Meant to be configured with the prefix
 # /usr, as the preset `package` does.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libkdrdata)
@@ -28,7 +28,8 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/debian/triggers")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
 .
-This package holds the shared library and the core data library beside it.")
+This package holds the shared library, the one that saves its values, and the
+core data library beside them.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libkdrdata-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
