@@ -1,32 +1,18 @@
 #include <kdrio/kdrio.h>
 
+#include <kdrio/encode_p.h>
 #include <kdrio/guard_p.h>
 #include <kdrio/newfile_p.h>
 #include <kdrio/reader_p.h>
-#include <kdrio/writer_p.h>
 
-#include <QtCore/qbuffer.h>
 #include <QtCore/qfile.h>
 
 #include <algorithm>
-#include <climits>
+#include <limits>
 
 namespace kdrio {
 
 namespace {
-
-// Room for the few bytes that are written without a look at how many there are.
-constexpr long long mostOfBuffer = INT_MAX - (1LL << 20);
-
-QByteArray encoded(KDRVariant const& value, SaveOptions const& options, KDRImageArray* outside)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    Writer(buffer, mostOfBuffer, options, outside).file(value);
-    buffer.close();
-    return bytes;
-}
 
 void decode(Reader&& reader, KDRVariant* out)
 {
@@ -81,7 +67,7 @@ bool save(KDRVariant const& value, KDRString const& path, SaveOptions const& opt
 {
     return guarded(error, &path, [&] {
         NewFile file(inside::text(path));
-        Writer(file.device(), LLONG_MAX, options).file(value);
+        Writer(file.device(), std::numeric_limits<long long>::max(), options).file(value);
         file.take();
     });
 }

@@ -20,12 +20,20 @@ Limits bounded(Limits limits)
 
 Reader::Reader(QIODevice& device, long long length, Limits const& limits,
                KDRImageArray const* outside)
-    : m_cbor(&device), m_length(length), m_limits(bounded(limits)), m_outside(outside)
+    : m_cbor(&device),
+      m_start(device.pos()),
+      m_length(length),
+      m_limits(bounded(limits)),
+      m_outside(outside)
 {
 }
 
 Reader::Reader(QByteArray const& bytes, Limits const& limits, KDRImageArray const* outside)
-    : m_cbor(bytes), m_length(bytes.size()), m_limits(bounded(limits)), m_outside(outside)
+    : m_cbor(bytes),
+      m_start(0),
+      m_length(bytes.size()),
+      m_limits(bounded(limits)),
+      m_outside(outside)
 {
 }
 
@@ -309,9 +317,6 @@ void Reader::failUnknown(char const* what, Name const& name) const
     fail(QStringLiteral("no such %1: \"%2\"").arg(QLatin1String(what), QLatin1String(name.text)));
 }
 
-void Reader::fail(QString const& what) const
-{
-    throw Failure{what, m_path.text(), m_cbor.currentOffset()};
-}
+void Reader::fail(QString const& what) const { throw Failure{what, m_path.text(), offset()}; }
 
 } // namespace kdrio

@@ -150,13 +150,16 @@ private:
     Name name(char const* what);
     [[noreturn]] void failUnknown(char const* what, Name const& name) const;
     void expect(bool holds, char const* what);
-    long long left() const { return m_length - m_cbor.currentOffset(); }
+    /// Qt's reader counts from the start of the device.
+    long long offset() const { return m_cbor.currentOffset() - m_start; }
+    long long left() const { return m_length - offset(); }
     void tagged(KDRVariant& value);
     void block(KDRImage& image);
     void pixelArray(KDRImage& image);
     Shared const& shared(State state, char const* what);
 
     QCborStreamReader m_cbor;
+    long long m_start;
     long long m_length;
     Limits m_limits;
     KDRImageArray const* m_outside;

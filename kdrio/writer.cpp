@@ -7,6 +7,20 @@
 
 namespace kdrio {
 
+namespace {
+
+// The bytes in front of a string of that length.
+int headLength(long long length)
+{
+    return length < 24            ? 1
+           : length <= 0xFF       ? 2
+           : length <= 0xFFFF     ? 3
+           : length <= 0xFFFFFFFF ? 5
+                                  : 9;
+}
+
+} // namespace
+
 void Writer::file(KDRVariant const& value)
 {
     m_sharing.survey(value, m_path);
@@ -148,7 +162,11 @@ void Writer::block(KDRImage const& image)
 void Writer::bytes(void const* first, long long length)
 {
     mustFit(length);
+    long long const start = m_device.pos();
     m_cbor.appendByteString(static_cast<char const*>(first), static_cast<qsizetype>(length));
+    // Qt's writer does not tell where a device took less than it was given.
+    if (m_device.pos() != start + headLength(length) + length)
+        fail(m_device.errorString());
 }
 
 void Writer::mustFit(long long length) const

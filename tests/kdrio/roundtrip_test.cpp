@@ -1,37 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <kdrdata/debug/qdebug.h>
-#include <kdrio/kdrio.h>
+#include <kdrdata/debug/kdrdebugtext.h>
 
 #include "equal.h"
+#include "support.h"
 #include "values.h"
 
 namespace {
-
-std::string words(kdrio::Error const& error) { return error.line().toUtf8().constData(); }
-
-KDRBuffer bytesOf(KDRVariant const& value, kdrio::Pixels pixels = kdrio::Pixels::Raw)
-{
-    KDRBuffer bytes;
-    kdrio::Error error;
-    kdrio::SaveOptions options;
-    options.pixels = pixels;
-    EXPECT_TRUE(kdrio::toBytes(value, &bytes, options, &error)) << words(error);
-    return bytes;
-}
-
-std::string contents(KDRBuffer const& bytes)
-{
-    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-}
-
-KDRVariant valueOf(KDRBuffer const& bytes)
-{
-    KDRVariant value("untouched");
-    kdrio::Error error;
-    EXPECT_TRUE(kdrio::fromBytes(bytes, &value, &error)) << words(error);
-    return value;
-}
 
 TEST(RoundTrip, EveryValueComesBackAsItWas)
 {
