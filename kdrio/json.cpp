@@ -27,6 +27,14 @@ struct Element
     QJsonValue (*read)(char const* at);
 };
 
+// Numbers of JSON are doubles to nearly all who read it, Qt's writer among them.
+QJsonValue integral(qint64 number)
+{
+    constexpr qint64 exact = 1LL << 53;
+    return number >= -exact && number <= exact ? QJsonValue(number)
+                                               : QJsonValue(QString::number(number));
+}
+
 QJsonValue floating(double number)
 {
     if (std::isnan(number))
@@ -44,7 +52,7 @@ QJsonValue readAs(char const* at)
     if constexpr (std::is_floating_point_v<Number>)
         return floating(static_cast<double>(number));
     else
-        return static_cast<qint64>(number);
+        return integral(number);
 }
 
 template <class Number>
@@ -93,7 +101,7 @@ private:
     {
         switch (cbor.type()) {
         case QCborValue::Integer:
-            return cbor.toInteger();
+            return integral(cbor.toInteger());
         case QCborValue::Double:
             return floating(cbor.toDouble());
         case QCborValue::True:

@@ -51,7 +51,7 @@ bool readAbsent(Reader& reader, KDRVariant& value)
 {
     if (!reader.isAbsent())
         return false;
-    reader.skip();
+    reader.absent();
     (value.*from)(Payload());
     inside::store(value).clear();
     return true;
@@ -81,7 +81,7 @@ void readBool(Reader& reader, KDRVariant& value)
     bool const isAbsent = reader.isAbsent();
     value.fromBool(!isAbsent && reader.flag());
     if (isAbsent) {
-        reader.skip();
+        reader.absent();
         inside::store(value).clear();
     }
 }

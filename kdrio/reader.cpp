@@ -83,10 +83,9 @@ void Reader::list(int length)
     m_cbor.enterContainer();
 }
 
-void Reader::endList()
+void Reader::leave()
 {
-    if (m_cbor.lastError() || m_cbor.hasNext())
-        failExpected("the end of a list");
+    expect(!m_cbor.hasNext(), "the end of a list or a map");
     m_cbor.leaveContainer();
 }
 
@@ -123,7 +122,7 @@ void Reader::fields(Field const* fields, int count)
         if (fields[i].isRequired && !(seen & (1U << i)))
             fail(QStringLiteral("no field \"%1\"").arg(QLatin1String(fields[i].name)));
     }
-    m_cbor.leaveContainer();
+    leave();
 }
 
 Reader::Name Reader::name(char const* what)
@@ -152,6 +151,12 @@ Reader::Name Reader::name(char const* what)
 void Reader::null()
 {
     expect(m_cbor.isNull(), "null");
+    m_cbor.next();
+}
+
+void Reader::absent()
+{
+    expect(m_cbor.isUndefined(), "contents");
     m_cbor.next();
 }
 
@@ -186,15 +191,14 @@ long long Reader::integer(long long least, long long most)
 
 double Reader::number()
 {
+    expect(m_cbor.isDouble() || m_cbor.isFloat() || m_cbor.isFloat16(), "a floating-point number");
     double value = 0.0;
     if (m_cbor.isDouble())
         value = m_cbor.toDouble();
     else if (m_cbor.isFloat())
         value = static_cast<double>(m_cbor.toFloat());
-    else if (m_cbor.isFloat16())
-        value = static_cast<double>(static_cast<float>(m_cbor.toFloat16()));
     else
-        failExpected("a floating-point number");
+        value = static_cast<double>(static_cast<float>(m_cbor.toFloat16()));
     m_cbor.next();
     return value;
 }
@@ -298,7 +302,9 @@ void Reader::nest()
 
 void Reader::expect(bool holds, char const* what)
 {
-    if (!holds)
+    // Qt's reader names the type of an item even where the item itself is damaged, and would step
+    // out of the input with it.
+    if (!holds || m_cbor.lastError() != QCborError::NoError)
         failExpected(what);
 }
 

@@ -73,7 +73,7 @@ public:
     int list();
     /// Enters a list of @p length elements.
     void list(int length);
-    void endList();
+    void endList() { leave(); }
     /// A map of the given fields, in any order, each once.
     void fields(std::initializer_list<Field> fields)
     {
@@ -90,7 +90,7 @@ public:
         Path::Step const step(m_path, chosen.text);
         if (!choose(chosen.text))
             failUnknown(what, chosen);
-        m_cbor.leaveContainer();
+        leave();
     }
 
     bool isNull() const { return m_cbor.isNull(); }
@@ -99,10 +99,10 @@ public:
     bool isMap() const { return m_cbor.isMap(); }
     bool isArray() const { return m_cbor.isArray(); }
     bool isInteger() const { return m_cbor.isInteger(); }
-    /// Steps over what is in one piece.
-    void skip() { m_cbor.next(); }
     /// The null that stands for contents without anything in them.
     void null();
+    /// The mark of a store without contents.
+    void absent();
     bool flag();
     long long integer();
     /// An integer from @p least to @p most.
@@ -145,6 +145,7 @@ private:
     };
 
     void nest();
+    void leave();
     void map(int length, char const* what);
     int containerLength();
     Name name(char const* what);

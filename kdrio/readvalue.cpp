@@ -44,7 +44,7 @@ void Reader::value(KDRVariant& value)
     if (m_cbor.isBool())
         return value.fromBool(flag());
     expect(m_cbor.isNull(), "a value");
-    m_cbor.next();
+    null();
     value = KDRVariant();
 }
 
@@ -54,11 +54,13 @@ void Reader::tagged(KDRVariant& value)
     if (found == format::uint16s)
         return value.fromString(inside::fromText(text()));
     if (found == format::reference) {
-        m_cbor.next();
+        tag();
         value = m_values[shared(State::Value, "a value").place];
         return;
     }
     tag(format::shareable, "a value");
+    // Another tag would be a step down that nothing counts.
+    expect(!m_cbor.isTag(), "a value that is shared");
     std::size_t const index = m_shared.size();
     m_shared.push_back({});
     this->value(value);

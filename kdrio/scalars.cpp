@@ -99,7 +99,7 @@ void write(Writer& writer, KDRString const& value)
 void read(Reader& reader, KDRString& value)
 {
     if (reader.isNull())
-        return reader.skip();
+        return reader.null();
     value = inside::fromText(reader.text());
 }
 
@@ -113,7 +113,7 @@ void write(Writer& writer, KDRBuffer const& value)
 void read(Reader& reader, KDRBuffer& value)
 {
     if (reader.isNull())
-        return reader.skip();
+        return reader.null();
     value = inside::fromBytes(reader.bytes());
 }
 

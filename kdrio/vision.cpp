@@ -119,7 +119,7 @@ void write(Writer& writer, KDRImage const& value)
 
 void read(Reader& reader, KDRImage& value)
 {
-    reader.isNull() ? reader.skip() : reader.pixels(value);
+    reader.isNull() ? reader.null() : reader.pixels(value);
 }
 
 void write(Writer& writer, KDRRegion const& value)
