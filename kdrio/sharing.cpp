@@ -27,16 +27,16 @@ void forgetSingle(QHash<void const*, Sharing::Shared>& seen)
 
 void Sharing::survey(KDRVariant const& value, Path& path)
 {
-    visit(value, path, false);
+    visit(value, path);
     forgetSingle(m_stores);
     forgetSingle(m_pixels);
 }
 
-void Sharing::visit(KDRVariant const& value, Path& path, bool isInSharedList)
+void Sharing::visit(KDRVariant const& value, Path& path)
 {
+    // Nobody else has a store of one holder, unless that is in a list that several arrays share.
     KDRVariantPrivate& store = inside::store(value);
-    // Nobody else has a store of one holder, unless that is in the list of several arrays.
-    bool const mayBeShared = isInSharedList || store.refCount() > 1;
+    bool const mayBeShared = store.refCount() > 1;
     if (mayBeShared) {
         Shared& shared = m_stores[&store];
         if (shared.isOpen)
@@ -48,6 +48,27 @@ void Sharing::visit(KDRVariant const& value, Path& path, bool isInSharedList)
     surveyPayload(value, path);
     if (mayBeShared)
         m_stores[&store].isOpen = false;
+}
+
+void Sharing::visitList(QList<KDRVariant> const& elements, Path& path)
+{
+    // Arrays that share a list have the same handles in it. Whoever else shares it does not matter
+    // until it comes a second time; what is in it was surveyed then.
+    if (!elements.isDetached() && !elements.isEmpty() && ++m_lists[&elements.first()] > 1) {
+        for (KDRVariant const& element : elements)
+            m_stores[&inside::store(element)].times += 2;
+        return;
+    }
+    if (++m_nesting > Limits().nesting)
+        throw Failure{
+            QStringLiteral("more than %1 values inside of each other").arg(Limits().nesting),
+            path.text(), -1};
+    Path::Step step(path, 0);
+    for (KDRVariant const& element : elements) {
+        visit(element, path);
+        step.next();
+    }
+    --m_nesting;
 }
 
 void Sharing::surveyPayload(KDRVariant const& value, Path& path)
@@ -65,19 +86,7 @@ void Sharing::surveyPayload(KDRVariant const& value, Path& path)
             surveyPixels(element);
         }
     } else if (store.variantType() == KindVariantArray && store.toVariantArrayPtr(array) && array) {
-        if (++m_nesting > Limits().nesting)
-            throw Failure{
-                QStringLiteral("more than %1 values inside of each other").arg(Limits().nesting),
-                path.text(), -1};
-        Path::Step step(path, 0);
-        QList<KDRVariant> const& elements =
-            inside::elements(static_cast<KDRVariantArray const&>(*array));
-        bool const isShared = !elements.isDetached();
-        for (KDRVariant const& element : elements) {
-            visit(element, path, isShared);
-            step.next();
-        }
-        --m_nesting;
+        visitList(inside::elements(static_cast<KDRVariantArray const&>(*array)), path);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <kdrio/failure_p.h>
 
 #include <QtCore/qhash.h>
+#include <QtCore/qlist.h>
 
 class KDRImage;
 class KDRVariant;
@@ -35,12 +36,14 @@ public:
     int nextIndex() { return m_count++; }
 
 private:
-    void visit(KDRVariant const& value, Path& path, bool isInSharedList);
+    void visit(KDRVariant const& value, Path& path);
+    void visitList(QList<KDRVariant> const& elements, Path& path);
     void surveyPixels(KDRImage const& image);
     void surveyPayload(KDRVariant const& value, Path& path);
 
     QHash<void const*, Shared> m_stores;
     QHash<void const*, Shared> m_pixels;
+    QHash<void const*, int> m_lists;
     int m_count = 0;
     int m_nesting = 0;
 };
