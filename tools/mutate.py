@@ -48,13 +48,23 @@ def run(*command, **options):
 # --- preparing ------------------------------------------------------------------------------------
 
 
+def names_in_tree():
+    """What git knows or would know; where the tree is none of git's, all but what was built."""
+    try:
+        listed = run(
+            "git", "-C", TOP, "ls-files", "-z", "--cached", "--others", "--exclude-standard",
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL
+        ).stdout.decode().split("\0")
+    except (subprocess.CalledProcessError, FileNotFoundError):
+        names = (path.relative_to(TOP) for path in TOP.rglob("*"))
+        listed = [str(name) for name in names if name.parts[0] != "build"]
+    return {name for name in listed if name and (TOP / name).is_file()}
+
+
 def copy_tree():
-    """Copies what git knows or would know, with its changes, and nothing that was built."""
-    listed = run(
-        "git", "-C", TOP, "ls-files", "-z", "--cached", "--others", "--exclude-standard", stdout=subprocess.PIPE
-    ).stdout.decode()
+    """Copies the tree with its changes, and nothing that was built."""
     TREE.mkdir(parents=True, exist_ok=True)
-    wanted = {name for name in listed.split("\0") if name and (TOP / name).is_file()}
+    wanted = names_in_tree()
     for name in wanted:
         copy = TREE / name
         content = (TOP / name).read_bytes()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes docs/performance.md and its plots from what the benchmark programs measured.
+"""Makes docs/performance.md, its plots and the README's table from what the benchmark programs measured.
 
 The text comes from a template; its lines of the form `@rows FAMILY@`, `@growth@`, `@memory@`,
 `@steps@`, `@environment@` are replaced by tables and plots. Needs the standard library only.
@@ -18,6 +18,23 @@ from xml.sax.saxutils import escape
 
 COLOURS = ["#1b6ca8", "#c8553d", "#4a7c59", "#8e5ea2", "#b8860b", "#5c6b73", "#d1495b"]
 DASHES = ["none", "6 4", "2 3"]
+# What the README shows: of each thing that is often done one row, good or bad.
+README_ROWS = [
+    ("variant", "construct + destroy, int"),
+    ("variant", "construct + destroy, image"),
+    ("variant", "copy + destroy, shared store"),
+    ("variant", "read int"),
+    ("variant", "read image"),
+    ("hand-over", "recipe of 24 parameters through 4 tools"),
+    ("array", "append 10^4 numbers"),
+    ("description", "attribute() of a number"),
+    ("text", "split into 1000 fields"),
+    ("region", "union of 10^3 regions of 10^3 runs"),
+    ("image", "clone of 16 megapixels"),
+    ("read", "PNG colour"),
+    ("save", "PNG photograph"),
+]
+README_MARKS = ("<!-- by ./dev bench --report -->", "<!-- to here -->")
 FONT = 'font-family="sans-serif" font-size="12"'
 
 
@@ -50,14 +67,22 @@ def goal_text(goal):
     return f"{bound} {goal['value']:g} {of}"
 
 
+def name_of(row):
+    return row["name"] + (f", per {row['unit']}" if row["unit"] != "operation" else "")
+
+
+def peer_of(row):
+    return f"{row.get('peerName', '')} {duration(row['peer'])}" if "peer" in row else ""
+
+
 def rows_table(rows, before):
     lines = []
     for row in rows:
         earlier = before.get(row["name"], {})
         lines.append([
-            row["name"] + (f", per {row['unit']}" if row["unit"] != "operation" else ""),
+            name_of(row),
             duration(row["ours"]),
-            f"{row.get('peerName', '')} {duration(row['peer'])}" if "peer" in row else "",
+            peer_of(row),
             ratio(earlier.get("toPeer")),
             ratio(row.get("toPeer")),
             duration(row["floor"]) if "floor" in row else "",
@@ -202,17 +227,21 @@ def command(*arguments):
     return subprocess.run(arguments, check=True, capture_output=True, text=True).stdout.strip()
 
 
-def environment(compiler, flags):
-    """What the figures depend on. The machine's name is not among it."""
+def machine():
     processor = platform.processor()
     cpuinfo = pathlib.Path("/proc/cpuinfo")
     if cpuinfo.exists():
         match = re.search(r"^model name\s*:\s*(.*)$", cpuinfo.read_text(), re.MULTILINE)
         processor = match[1] if match else processor
+    return f"{processor}, {len(os.sched_getaffinity(0))} cores"
+
+
+def environment(compiler, flags):
+    """What the figures depend on. The machine's name is not among it."""
     system = platform.freedesktop_os_release().get("PRETTY_NAME", platform.system())
     kernel = ".".join(platform.release().split(".")[:2])
     facts = [
-        ("processor", f"{processor}, {len(os.sched_getaffinity(0))} cores"),
+        ("processor", machine()),
         ("system", f"{system}, Linux {kernel}, {platform.libc_ver()[0]} "
                    f"{platform.libc_ver()[1]}"),
         ("compiler", command(compiler, "--version").splitlines()[0]),
@@ -262,11 +291,35 @@ def steps_section(path):
                                             for name, count in steps])
 
 
+def readme_section(rows, compiler):
+    by_name = {(row["family"], row["name"]): row for row in rows}
+    missing = [name for name in README_ROWS if name not in by_name]
+    if missing:
+        sys.exit(f"not measured, and shown in the README: {missing}")
+    version = command(compiler, "-dumpfullversion", "-dumpversion")
+    chosen = [by_name[name] for name in README_ROWS]
+    return (table(["", "ours", "peer", "ours to the peer's"],
+                  [[name_of(row), duration(row["ours"]), peer_of(row), ratio(row["toPeer"])]
+                   for row in chosen])
+            + f"\n\n{machine()}; compiler {version}, Qt "
+            + command("pkg-config", "--modversion", "Qt5Core") + f", OpenCV {opencv_version()}.")
+
+
+def write_readme(path, section):
+    """Puts the section between the marks."""
+    before, start, rest = path.read_text().partition(README_MARKS[0])
+    _, end, after = rest.partition(README_MARKS[1])
+    if not start or not end:
+        sys.exit(f"{path} lacks the marks {README_MARKS}")
+    path.write_text(f"{before}{start}\n{section}\n{end}{after}")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--rows", type=pathlib.Path, required=True, nargs="+")
     for name in ("growth", "memory", "before", "steps", "template", "output"):
         parser.add_argument(f"--{name}", type=pathlib.Path, required=True)
+    parser.add_argument("--readme", type=pathlib.Path)
     parser.add_argument("--compiler", required=True)
     parser.add_argument("--flags", default="")
     options = parser.parse_args()
@@ -310,6 +363,9 @@ def main():
     text = re.sub(r"@([a-z][a-z -]*)@", section, template)
     options.output.write_text(text)
     print(f"wrote {options.output}")
+    if options.readme:
+        write_readme(options.readme, readme_section(rows, options.compiler))
+        print(f"wrote the table in {options.readme}")
 
 
 if __name__ == "__main__":

@@ -28,8 +28,9 @@ section { margin: 0 0 1rem; padding: .9rem; border: 1px solid var(--line);
 .picture g.lit [data-kind] { stroke-width: 4px; }
 .picture g.lit [data-kind]:first-child { fill: rgba(255, 225, 90, .45); }
 .picture text { fill: #fff; stroke: #000; paint-order: stroke; text-anchor: middle;
-  dominant-baseline: central; pointer-events: none; font-family: system-ui, sans-serif; }
-.readout { min-height: 3em; margin: .5rem 0 0; color: var(--faint); font-size: .9rem; }
+  dominant-baseline: central; user-select: none; font-family: system-ui, sans-serif; }
+.readout { height: 9em; margin: .5rem 0 0; color: var(--faint); font-size: .9rem;
+  overflow-y: auto; }
 .frame { overflow-x: auto; }
 table { border-collapse: collapse; font-size: .86rem;
   font-variant-numeric: tabular-nums; }
@@ -64,6 +65,7 @@ tr:focus-visible, button:focus-visible, summary:focus-visible { outline: 2px sol
 .name { font-weight: 600; margin-right: .4rem; }
 .kind { padding: 0 .35rem; border: 1px solid var(--line); border-radius: .7rem; white-space: nowrap;
   color: var(--faint); font-size: .8rem; margin-right: .4rem; }
+@media (min-width: 40rem) { .readout { height: 4.5em; } }
 @media (min-width: 68rem) {
   .beside { display: grid; grid-template-columns: minmax(0, 1fr) minmax(0, 1.35fr); gap: 1rem;
     align-items: start; }

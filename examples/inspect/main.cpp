@@ -12,6 +12,7 @@
 #include "drawnpart.h"
 #include "htmlpage.h"
 #include "htmlreport.h"
+#include "progress.h"
 #include "recipe.h"
 #include "report.h"
 #include "tools.h"
@@ -86,12 +87,20 @@ Arguments argumentsOf(QStringList const& words)
 
 KDRString textOf(QString const& text) { return KDRString(text.utf16(), text.size()); }
 
-// The values after each tool.
-std::vector<Values> valuesAfter(std::vector<Tool> const& tools, Values values)
+struct Step
 {
+    char const* name; // what it does
+    Tool tool;
+};
+
+// The values after each step.
+std::vector<Values> valuesAfter(std::vector<Step> const& steps, Values values)
+{
+    Progress progress(steps.size());
     std::vector<Values> history;
-    for (Tool const tool : tools) {
-        values = tool(values);
+    for (Step const& step : steps) {
+        progress.next(step.name);
+        values = step.tool(values);
         history.push_back(values);
     }
     return history;
@@ -133,10 +142,17 @@ void inspectPicture(Arguments const& arguments)
 {
     Values given;
     given["path"] = textOf(arguments.image);
-    std::vector<Values> const history =
-        valuesAfter({loadImage, flattenGround, proposeParameters, threshold, findParts, fitFigures,
-                     measureParts, convertFigures, drawParts, packParts},
-                    given);
+    std::vector<Values> const history = valuesAfter({{"reading the picture", loadImage},
+                                                     {"taking the ground away", flattenGround},
+                                                     {"proposing parameters", proposeParameters},
+                                                     {"telling parts from ground", threshold},
+                                                     {"finding parts", findParts},
+                                                     {"fitting figures", fitFigures},
+                                                     {"measuring", measureParts},
+                                                     {"converting figures", convertFigures},
+                                                     {"drawing", drawParts},
+                                                     {"packing", packParts}},
+                                                    given);
     Values const& values = history.back();
     write(arguments, history, partsReport);
 
@@ -160,8 +176,13 @@ void inspectPicture(Arguments const& arguments)
 
 void inspectDrawnPart(Arguments const& arguments)
 {
-    std::vector<Values> const history =
-        valuesAfter({planPart, drawPart, followEdges, measurePart, drawFigures, packPart}, {});
+    std::vector<Values> const history = valuesAfter({{"planning the part", planPart},
+                                                     {"drawing it", drawPart},
+                                                     {"following edges", followEdges},
+                                                     {"measuring", measurePart},
+                                                     {"drawing figures", drawFigures},
+                                                     {"packing", packPart}},
+                                                    {});
     Values const& values = history.back();
     write(arguments, history, drawnPartReport);
 

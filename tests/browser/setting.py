@@ -1,0 +1,14 @@
+"""Where the tests find what they look at. The build directory comes from the environment, which run.py
+sets."""
+
+import os
+import pathlib
+
+SOURCES = pathlib.Path(__file__).resolve().parents[2]
+BUILD = pathlib.Path(os.environ["KDRDATA_BUILD"]).resolve()
+DOCUMENTATION = BUILD / "docs" / "html"
+PAGES = SOURCES / "docs" / "pages"
+INSPECT = BUILD / "examples" / "inspect" / "inspect"
+COINS = SOURCES / "examples" / "data" / "coins.png"
+OUTPUT = BUILD / "browser"
+SCREENSHOTS = OUTPUT / "screenshots"
