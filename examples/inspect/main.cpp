@@ -10,8 +10,8 @@
 #include <optional>
 
 #include "drawnpart.h"
-#include "htmlpage.h"
 #include "htmlreport.h"
+#include "page/page.h"
 #include "progress.h"
 #include "recipe.h"
 #include "report.h"
@@ -123,7 +123,7 @@ void write(Arguments const& arguments, std::vector<Values> const& history,
         save(history.back(), arguments.out);
         return;
     }
-    PageFile file(*arguments.report);
+    page::PageFile file(*arguments.report);
     std::string const report = reportOf(history);
     save(history.back(), arguments.out);
     file.write(report);
