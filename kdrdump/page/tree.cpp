@@ -84,8 +84,8 @@ public:
     void add(Entry entry)
     {
         KDRVariantArray* list = nullptr;
-        bool const isList =
-            entry.value.variantType() == KindVariantArray && entry.value.toVariantArrayPtr(list);
+        bool const isList = entry.value.variantType() == KindVariantArray &&
+                            entry.value.toVariantArrayPtr(list) && list;
         if (isList) {
             auto const [found, isNew] = met.insert({list, entry.path});
             if (!isNew)
@@ -112,7 +112,8 @@ Words wordsOf(Entry const& entry, bool withPlaces)
     std::string const place = entry.path.substr(std::min(entry.path.size(), entry.path.rfind('[')));
     std::string const name =
         withPlaces && !place.empty() && place != entry.name ? place + ' ' + entry.name : entry.name;
-    return {name, entry.before.empty() ? page::inBrief(entry.value) : "the same as " + entry.before};
+    return {name,
+            entry.before.empty() ? page::inBrief(entry.value) : "the same as " + entry.before};
 }
 
 std::string figuresIn(KDRVariant const& value)
