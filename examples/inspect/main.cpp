@@ -9,6 +9,8 @@
 #include <opencv2/core.hpp>
 #include <optional>
 
+#include <kdrio/kdrio.h>
+
 #include "drawnpart.h"
 #include "htmlreport.h"
 #include "page/page.h"
@@ -29,6 +31,7 @@ struct Arguments
     QString image;
     QString out;
     std::optional<QString> report;
+    std::optional<QString> value;
 };
 
 // Where a name leads: to the file, or else to the place where it would be written.
@@ -37,6 +40,14 @@ QString placeOf(QString const& path)
     QFileInfo const file(path);
     return file.exists() ? file.canonicalFilePath()
                          : file.dir().canonicalPath() + '/' + file.fileName();
+}
+
+void mustDiffer(char const* what, std::optional<QString> const& path, char const* other,
+                QString const& otherPath)
+{
+    if (path && !otherPath.isEmpty() && placeOf(*path) == placeOf(otherPath))
+        throw Failure(std::string("the ") + what + " would overwrite the " + other + " '" +
+                      otherPath.toStdString() + "'");
 }
 
 Arguments argumentsOf(QStringList const& words)
@@ -49,9 +60,12 @@ Arguments argumentsOf(QStringList const& words)
     QCommandLineOption const report(
         "report", "Write a page for the browser, with picture, figures and numbers, to FILE.",
         "FILE");
+    QCommandLineOption const value(
+        "save", "Save the picture and the recipe as one value, for kdrdump and others, to FILE.",
+        "FILE");
     QCommandLineOption const drawnPart(
         "drawn-part", "Instead of inspecting a picture, draw a machine part and measure it.");
-    parser.addOptions({out, report, drawnPart});
+    parser.addOptions({out, report, value, drawnPart});
     parser.addPositionalArgument("IMAGE", "The picture to inspect.");
 
     // parse() leaves it to us what to say and how to end.
@@ -61,8 +75,8 @@ Arguments argumentsOf(QStringList const& words)
     arguments.text = parser.helpText();
     if (arguments.help)
         return arguments;
-    QString const usage = "usage: inspect IMAGE [--out FILE] [--report FILE], or "
-                          "inspect --drawn-part [--out FILE] [--report FILE]";
+    QString const usage = "usage: inspect IMAGE [--out FILE] [--report FILE] [--save FILE], or "
+                          "inspect --drawn-part [--out FILE] [--report FILE] [--save FILE]";
     if (!good)
         throw Failure((parser.errorText() + " " + usage).toStdString());
     arguments.drawnPart = parser.isSet(drawnPart);
@@ -78,10 +92,14 @@ Arguments argumentsOf(QStringList const& words)
     arguments.out = parser.isSet(out) ? parser.value(out) : name + "-found.png";
     if (parser.isSet(report))
         arguments.report = parser.value(report);
-    for (QString const& picture : {arguments.image, arguments.out})
-        if (arguments.report && !picture.isEmpty() &&
-            placeOf(*arguments.report) == placeOf(picture))
-            throw Failure("the report would overwrite the picture '" + picture.toStdString() + "'");
+    if (parser.isSet(value))
+        arguments.value = parser.value(value);
+    for (QString const& picture : {arguments.image, arguments.out}) {
+        mustDiffer("report", arguments.report, "picture", picture);
+        mustDiffer("saved value", arguments.value, "picture", picture);
+    }
+    if (arguments.report)
+        mustDiffer("saved value", arguments.value, "report", *arguments.report);
     return arguments;
 }
 
@@ -114,11 +132,24 @@ void save(Values const& values, QString const& path)
                       "(png, jpg, tif, bmp, ppm)");
 }
 
+// Saves the recipe, with the picture before what was found in it.
+void saveValue(Values const& values, QString const& path)
+{
+    KDRVariantArray whole;
+    add(whole, "image", values.at("image"));
+    whole.push_back(valueOf(values, "recipe", &KDRVariant::toVariantArray));
+    kdrio::Error error;
+    if (!kdrio::save(KDRVariant(whole), textOf(path), &error))
+        throw Failure(error.line().toUtf8().constData());
+}
+
 // Writes the picture, and the report if one is asked for. It opens the report first: where that
 // cannot be written, there is no picture either.
 void write(Arguments const& arguments, std::vector<Values> const& history,
            std::string (*reportOf)(std::vector<Values> const&))
 {
+    if (arguments.value)
+        saveValue(history.back(), *arguments.value);
     if (!arguments.report) {
         save(history.back(), arguments.out);
         return;
@@ -136,6 +167,9 @@ void tellFiles(char const* picture, Arguments const& arguments)
     if (arguments.report)
         std::cout << "The report, for the browser: "
                   << QFileInfo(*arguments.report).absoluteFilePath().toStdString() << '\n';
+    if (arguments.value)
+        std::cout << "The saved value, for kdrdump: "
+                  << QFileInfo(*arguments.value).absoluteFilePath().toStdString() << '\n';
 }
 
 void inspectPicture(Arguments const& arguments)
