@@ -77,7 +77,8 @@ public:
             KDRString name;
             if (named)
                 list[i].toString(&name);
-            add({depth, path + at(place), named ? printable(name) : at(place), list[place], ""});
+            add({depth, path + at(place), at(place), named ? printable(name) : at(place),
+                 list[place], ""});
         }
     }
 
@@ -109,9 +110,9 @@ struct Words
 
 Words wordsOf(Entry const& entry, bool withPlaces)
 {
-    std::string const place = entry.path.substr(std::min(entry.path.size(), entry.path.rfind('[')));
-    std::string const name =
-        withPlaces && !place.empty() && place != entry.name ? place + ' ' + entry.name : entry.name;
+    std::string const name = withPlaces && !entry.place.empty() && entry.place != entry.name
+                                 ? entry.place + ' ' + entry.name
+                                 : entry.name;
     return {name,
             entry.before.empty() ? page::inBrief(entry.value) : "the same as " + entry.before};
 }
@@ -176,7 +177,7 @@ std::vector<Entry> entriesOf(KDRVariant const& value, std::string const& path)
     if (value.toVariantArray(&list))
         walk.enter(list, path, 0);
     else
-        walk.add({0, path, "value", value, ""});
+        walk.add({0, path, "", "value", value, ""});
     return walk.entries;
 }
 

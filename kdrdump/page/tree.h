@@ -16,8 +16,9 @@ namespace page {
 struct Entry
 {
     int depth;
-    std::string path; ///< where it is in the whole, such as `[3][1]`
-    std::string name; ///< what a recipe calls it; elsewhere its place
+    std::string path;  ///< where it is in the whole, such as `[3][1]`
+    std::string place; ///< where it is in its list, such as `[1]`; empty for the whole
+    std::string name;  ///< what a recipe calls it; elsewhere its place
     KDRVariant value;
     /// Where the same list stood before, with all that is in it; empty if it did not.
     std::string before;
