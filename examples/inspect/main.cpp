@@ -132,32 +132,41 @@ void save(Values const& values, QString const& path)
                       "(png, jpg, tif, bmp, ppm)");
 }
 
-// Saves the recipe, with the picture before what was found in it.
-void saveValue(Values const& values, QString const& path)
+// The recipe as saved bytes, with the picture before what was found in it.
+std::string savedValue(Values const& values)
 {
     KDRVariantArray whole;
     add(whole, "image", values.at("image"));
     whole.push_back(valueOf(values, "recipe", &KDRVariant::toVariantArray));
+    KDRBuffer bytes;
     kdrio::Error error;
-    if (!kdrio::save(KDRVariant(whole), textOf(path), &error))
+    if (!kdrio::toBytes(KDRVariant(whole), &bytes, &error))
         throw Failure(error.line().toUtf8().constData());
+    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-// Writes the picture, and the report if one is asked for. It opens the report first: where that
-// cannot be written, there is no picture either.
+// Writes the picture, and the report and the value where they are asked for. It opens those first:
+// where one cannot be written, there is no picture either.
 void write(Arguments const& arguments, std::vector<Values> const& history,
            std::string (*reportOf)(std::vector<Values> const&))
 {
-    if (arguments.value)
-        saveValue(history.back(), *arguments.value);
-    if (!arguments.report) {
-        save(history.back(), arguments.out);
-        return;
+    std::optional<page::PageFile> reportFile;
+    std::optional<page::PageFile> valueFile;
+    std::string report;
+    std::string value;
+    if (arguments.report) {
+        reportFile.emplace(*arguments.report);
+        report = reportOf(history);
     }
-    page::PageFile file(*arguments.report);
-    std::string const report = reportOf(history);
+    if (arguments.value) {
+        valueFile.emplace(*arguments.value);
+        value = savedValue(history.back());
+    }
     save(history.back(), arguments.out);
-    file.write(report);
+    if (reportFile)
+        reportFile->write(report);
+    if (valueFile)
+        valueFile->write(value);
 }
 
 void tellFiles(char const* picture, Arguments const& arguments)

@@ -61,14 +61,15 @@ std::string sectionOf(std::string const& heading, std::string const& content);
 std::string pageOf(std::string const& title, std::string const& summary,
                    std::string const& content);
 
-/// The file of a page. An older file of this name stays as it is until the new one is whole.
+/// The file of a page, or of other bytes. An older file of this name stays as it is until the new
+/// one is whole.
 class PageFile
 {
 public:
     /// Throws Failure where nothing can be written.
     explicit PageFile(QString const& path);
 
-    /// Writes the page, once. Throws Failure where that fails.
+    /// Writes the bytes, once. Throws Failure where that fails.
     void write(std::string const& page);
 
 private:
