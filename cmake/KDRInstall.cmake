@@ -1,18 +1,19 @@
-# Installing the library: a CMake package, a pkg-config file, and the public headers under the
+# Installing the libraries: a CMake package, a pkg-config file each, and the public headers under the
 # paths that they are included by. The core library next to it installs itself.
 #
-# Three components: `runtime` is what a program needs to run, `dev` what it needs to be built, `doc`
-# the interface documentation, where it was built.
+# Four components: `runtime` is what a program needs to run, `dev` what it needs to be built, `tools`
+# the program that shows saved values, which kdrdump/ installs, and `doc` the interface documentation,
+# where it was built.
 include(CMakePackageConfigHelpers)
 
 set(KDRDATA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/KDRData")
 set(KDRDATA_PKGCONFIG_DIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 # The core library is found beside this one, or where it was linked from.
-set_target_properties(KDRData PROPERTIES
+set_target_properties(KDRData KDRDataIO PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
-install(TARGETS KDRData EXPORT KDRDataTargets
+install(TARGETS KDRData KDRDataIO EXPORT KDRDataTargets
     LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
     FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev
     FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev)
@@ -44,7 +45,8 @@ endif()
 cmake_path(APPEND KDRDATA_PKGCONFIG_LIBDIR "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
 cmake_path(APPEND KDRDATA_PKGCONFIG_INCLUDEDIR "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/kdrdata.pc.in "${PROJECT_BINARY_DIR}/kdrdata.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc"
+configure_file(cmake/kdrdata-io.pc.in "${PROJECT_BINARY_DIR}/kdrdata-io.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kdrdata.pc" "${PROJECT_BINARY_DIR}/kdrdata-io.pc"
     DESTINATION "${KDRDATA_PKGCONFIG_DIR}"
     COMPONENT dev)
 

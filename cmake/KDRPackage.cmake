@@ -1,5 +1,5 @@
-# Debian packages of the three install components, made by CPack (./dev package): libkdrdata1 with
-# both shared libraries, libkdrdata-dev, libkdrdata-doc. Meant to be configured with the prefix
+# Debian packages of the install components, made by CPack (./dev package): libkdrdata1 with all
+# shared libraries, libkdrdata-dev, libkdrdata-doc, and kdrdata-tools where it is built. Meant to be configured with the prefix
 # /usr, as the preset `package` does.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libkdrdata)
@@ -9,12 +9,18 @@ set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
 set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/packages")
 set(CPACK_COMPONENTS_ALL runtime dev doc)
+if(KDRDATA_BUILD_TOOLS)
+    list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
 set(CPACK_STRIP_FILES ON)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The program needs the libraries of the package beside its own.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+    "${PROJECT_BINARY_DIR}/kdrdata" "${PROJECT_BINARY_DIR}/kdrio" "${PROJECT_BINARY_DIR}/veldata")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(KDRDATA_DEBIAN_VERSION "${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
@@ -28,7 +34,8 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/debian/triggers")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
 .
-This package holds the shared library and the core data library beside it.")
+This package holds the shared library, the one that saves its values, and the
+core data library beside them.")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libkdrdata-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
@@ -48,13 +55,21 @@ set(CPACK_DEBIAN_DOC_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
 .
 This package holds the interface documentation as web pages.")
 
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME kdrdata-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS
+    "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${KDRDATA_DEBIAN_VERSION})")
+set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
+.
+This package holds kdrdump, which shows saved values.")
+
 # What Debian's rules want beside the files of each package.
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in"
     "${PROJECT_BINARY_DIR}/debian/changelog" @ONLY)
 file(ARCHIVE_CREATE OUTPUT "${PROJECT_BINARY_DIR}/debian/changelog.Debian.gz"
     PATHS "${PROJECT_BINARY_DIR}/debian/changelog"
     FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9)
-foreach(component IN ITEMS runtime dev doc)
+foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     string(TOUPPER "${component}" upper)
     install(FILES
         "${CMAKE_CURRENT_LIST_DIR}/debian/copyright"

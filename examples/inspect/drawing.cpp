@@ -9,21 +9,8 @@ namespace inspect {
 
 cv::Scalar colourOfKind(unsigned int shapeKind)
 {
-    switch (shapeKind) {
-    case KDRShape::Circle:
-    case KDRShape::Arc:
-        return {50, 50, 255};
-    case KDRShape::Rect2:
-    case KDRShape::Ellipse:
-        return {255, 140, 30};
-    case KDRShape::Torus:
-        return {255, 60, 220};
-    case KDRShape::Line:
-    case KDRShape::Arrow:
-        return {20, 220, 250};
-    default:
-        return {60, 220, 60};
-    }
+    page::Colour const colour = page::colourOf(shapeKind);
+    return cv::Scalar(colour.blue, colour.green, colour.red);
 }
 
 // The longer side comes to at most 1200 pixels, where it is not longer from the start; lines are

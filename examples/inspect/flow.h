@@ -2,10 +2,11 @@
 #define EXAMPLES_INSPECT_FLOW_H
 
 #include <map>
-#include <stdexcept>
 #include <string>
 
 #include <kdrdata/kdrdata.h>
+
+#include "page/failure.h"
 
 namespace inspect {
 
@@ -17,11 +18,7 @@ using Values = std::map<std::string, KDRVariant>;
 using Tool = Values (*)(Values const& given);
 
 /// Why a tool could not do its work, in one line for the user.
-class Failure : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
+using Failure = page::Failure;
 
 /// The value called @p name, read with the variant's reader of its type. Throws Failure where there
 /// is none or it has another kind.

@@ -1,7 +1,8 @@
 #include "htmlreport.h"
 
 #include "figures.h"
-#include "htmlpage.h"
+#include "page/page.h"
+#include "page/tree.h"
 #include "report.h"
 
 #include <algorithm>
@@ -9,6 +10,8 @@
 namespace inspect {
 
 namespace {
+
+using namespace page;
 
 std::string sharingSection(std::vector<Values> const& history)
 {
@@ -40,15 +43,6 @@ std::string sizeOf(KDRImage const& image)
     return std::to_string(image.width()) + " x " + std::to_string(image.height()) + " pixels";
 }
 
-KDRShape polygonOf(KDRContour const& outline)
-{
-    KDRPointArray corners;
-    outline.ToPointArray(&corners);
-    KDRShape polygon;
-    polygon.fromPolygon(corners);
-    return polygon;
-}
-
 std::vector<PagePart> pagePartsOf(Values const& values)
 {
     KDRContourArray const outlines = valueOf(values, "outlines", &KDRVariant::toContourArray);
@@ -61,7 +55,7 @@ std::vector<PagePart> pagePartsOf(Values const& values)
         PagePart part;
         part.name = std::to_string(i + 1);
         part.label = KDRPoint(numbers[0], numbers[1]);
-        part.figures.push_back(polygonOf(outlines[i]));
+        part.figures.push_back(page::polygonOf(outlines[i]));
         part.figures.push_back(rectangles[i]);
         part.figures.push_back(circles[i]);
         parts.push_back(part);
@@ -104,9 +98,9 @@ KDRPoint labelPlaceOf(KDRShape const& figure)
     std::vector<Quantity> const numbers = quantitiesOf(figure);
     double y = numbers[1].value;
     if (figure.shapeType() == KDRShape::Polygon) {
-        std::vector<Line> const lines = linesOf(figure);
-        for (cv::Point2f const& corner : lines.front())
-            y = std::max(y, static_cast<double>(corner.y));
+        std::vector<page::Line> const lines = page::linesOf(figure);
+        for (Place const& corner : lines.front())
+            y = std::max(y, corner.y);
         y -= 14.0;
     }
     return KDRPoint(numbers[0].value, y);

@@ -2,6 +2,9 @@
 
 #include "inspectrun.h"
 
+#include <kdrdata/kdrdata.h>
+#include <kdrio/kdrio.h>
+
 #include <QtCore/qfile.h>
 #include <algorithm>
 #include <cmath>
@@ -376,8 +379,8 @@ protected:
 TEST_F(refusals, inspect_refuses_wrong_arguments)
 {
     write("good.png", disks(CV_8UC1, 40, 200));
-    char const* const usage = "usage: inspect IMAGE [--out FILE] [--report FILE], or "
-                              "inspect --drawn-part [--out FILE] [--report FILE]\n";
+    char const* const usage = "usage: inspect IMAGE [--out FILE] [--report FILE] [--save FILE], or "
+                              "inspect --drawn-part [--out FILE] [--report FILE] [--save FILE]\n";
     expectRefused({}, usage);
     expectRefused({"good.png", "good.png"}, usage);
     expectRefused({"good.png", "--out"}, usage);
@@ -432,6 +435,61 @@ TEST_F(refusals, inspect_refuses_places_that_it_cannot_write_to)
                   "cannot write 'no/such/directory.html'");
     expectRefused({"good.png", "--report", "page.html", "--out", "out.gif"},
                   "cannot write 'out.gif'");
+}
+
+// A saved value of which each part stands where the console tells it.
+TEST_F(example, inspect_saves_the_picture_and_the_recipe)
+{
+    for (QStringList const& arguments : {QStringList(COINS), QStringList("--drawn-part")}) {
+        Outcome const run = inspect(QStringList(arguments) << "--save"
+                                                           << "value.kdr");
+        EXPECT_EQ(run.status, 0) << run.err.toStdString();
+        EXPECT_TRUE(run.says("The saved value, for kdrdump: .*/value\\.kdr"));
+        KDRVariant value;
+        QByteArray const path = file("value.kdr").toUtf8();
+        ASSERT_TRUE(kdrio::load(KDRString().fromUtf8(path.constData()), &value));
+        KDRVariantArray list;
+        ASSERT_TRUE(value.toVariantArray(&list));
+        KDRImage image;
+        ASSERT_TRUE(list[1].toImage(&image));
+        if (arguments.contains(COINS)) {
+            cv::Mat const saved(image.height(), image.width(), CV_8UC1, image.dataPtr(),
+                                static_cast<std::size_t>(image.step()));
+            cv::Mat const coins = cv::imread(COINS, cv::IMREAD_UNCHANGED);
+            ASSERT_EQ(saved.size(), coins.size());
+            EXPECT_EQ(cv::norm(saved, coins, cv::NORM_INF), 0.0);
+        }
+        QStringList names;
+        for (int i = 0; i < list.length(); i += 2) {
+            KDRString name;
+            EXPECT_TRUE(list[i].toString(&name));
+            names << name.toUtf8().constData();
+            // All but the picture the console lists as the recipe, with kinds and names.
+            KDRVariant held(list[i + 1]);
+            EXPECT_EQ(run.says(QString(" *%1  %2").arg(held.variantType()).arg(names.last())),
+                      i > 0)
+                << names.last().toStdString();
+        }
+        EXPECT_EQ(names, arguments.contains(COINS)
+                             ? QStringList({"image", "parameters", "shapes", "results", "flags"})
+                             : QStringList({"image", "parameters", "nominal", "found", "flags"}));
+    }
+}
+
+TEST_F(refusals, inspect_refuses_values_in_place_of_other_files)
+{
+    write("good.png", disks(CV_8UC1, 40, 200));
+    expectRefused({"good.png", "--save", "good.png"},
+                  "the saved value would overwrite the picture '");
+    expectRefused({"good.png", "--save", "./good-found.png"},
+                  "the saved value would overwrite the picture '");
+    expectRefused({"good.png", "--save", "a", "--report", "./a"},
+                  "the saved value would overwrite the report '");
+    expectRefused({"good.png", "--save", "no/such/value.kdr"}, "cannot write 'no/such/value.kdr'");
+    expectRefused({"good.png", "--save", ""}, "cannot write ''");
+    expectRefused({"good.png", "--save", "value.kdr", "--out", "out.gif"},
+                  "cannot write 'out.gif'");
+    EXPECT_EQ(files(), QStringList("good.png"));
 }
 
 } // namespace

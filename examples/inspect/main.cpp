@@ -9,9 +9,11 @@
 #include <opencv2/core.hpp>
 #include <optional>
 
+#include <kdrio/kdrio.h>
+
 #include "drawnpart.h"
-#include "htmlpage.h"
 #include "htmlreport.h"
+#include "page/page.h"
 #include "progress.h"
 #include "recipe.h"
 #include "report.h"
@@ -29,6 +31,7 @@ struct Arguments
     QString image;
     QString out;
     std::optional<QString> report;
+    std::optional<QString> value;
 };
 
 // Where a name leads: to the file, or else to the place where it would be written.
@@ -37,6 +40,14 @@ QString placeOf(QString const& path)
     QFileInfo const file(path);
     return file.exists() ? file.canonicalFilePath()
                          : file.dir().canonicalPath() + '/' + file.fileName();
+}
+
+void mustDiffer(char const* what, std::optional<QString> const& path, char const* other,
+                QString const& otherPath)
+{
+    if (path && !otherPath.isEmpty() && placeOf(*path) == placeOf(otherPath))
+        throw Failure(std::string("the ") + what + " would overwrite the " + other + " '" +
+                      otherPath.toStdString() + "'");
 }
 
 Arguments argumentsOf(QStringList const& words)
@@ -49,9 +60,12 @@ Arguments argumentsOf(QStringList const& words)
     QCommandLineOption const report(
         "report", "Write a page for the browser, with picture, figures and numbers, to FILE.",
         "FILE");
+    QCommandLineOption const value(
+        "save", "Save the picture and the recipe as one value, for kdrdump and others, to FILE.",
+        "FILE");
     QCommandLineOption const drawnPart(
         "drawn-part", "Instead of inspecting a picture, draw a machine part and measure it.");
-    parser.addOptions({out, report, drawnPart});
+    parser.addOptions({out, report, value, drawnPart});
     parser.addPositionalArgument("IMAGE", "The picture to inspect.");
 
     // parse() leaves it to us what to say and how to end.
@@ -61,8 +75,8 @@ Arguments argumentsOf(QStringList const& words)
     arguments.text = parser.helpText();
     if (arguments.help)
         return arguments;
-    QString const usage = "usage: inspect IMAGE [--out FILE] [--report FILE], or "
-                          "inspect --drawn-part [--out FILE] [--report FILE]";
+    QString const usage = "usage: inspect IMAGE [--out FILE] [--report FILE] [--save FILE], or "
+                          "inspect --drawn-part [--out FILE] [--report FILE] [--save FILE]";
     if (!good)
         throw Failure((parser.errorText() + " " + usage).toStdString());
     arguments.drawnPart = parser.isSet(drawnPart);
@@ -78,10 +92,14 @@ Arguments argumentsOf(QStringList const& words)
     arguments.out = parser.isSet(out) ? parser.value(out) : name + "-found.png";
     if (parser.isSet(report))
         arguments.report = parser.value(report);
-    for (QString const& picture : {arguments.image, arguments.out})
-        if (arguments.report && !picture.isEmpty() &&
-            placeOf(*arguments.report) == placeOf(picture))
-            throw Failure("the report would overwrite the picture '" + picture.toStdString() + "'");
+    if (parser.isSet(value))
+        arguments.value = parser.value(value);
+    for (QString const& picture : {arguments.image, arguments.out}) {
+        mustDiffer("report", arguments.report, "picture", picture);
+        mustDiffer("saved value", arguments.value, "picture", picture);
+    }
+    if (arguments.report)
+        mustDiffer("saved value", arguments.value, "report", *arguments.report);
     return arguments;
 }
 
@@ -114,19 +132,41 @@ void save(Values const& values, QString const& path)
                       "(png, jpg, tif, bmp, ppm)");
 }
 
-// Writes the picture, and the report if one is asked for. It opens the report first: where that
-// cannot be written, there is no picture either.
+// The recipe as saved bytes, with the picture before what was found in it.
+std::string savedValue(Values const& values)
+{
+    KDRVariantArray whole;
+    add(whole, "image", values.at("image"));
+    whole.push_back(valueOf(values, "recipe", &KDRVariant::toVariantArray));
+    KDRBuffer bytes;
+    kdrio::Error error;
+    if (!kdrio::toBytes(KDRVariant(whole), &bytes, &error))
+        throw Failure(error.line().toUtf8().constData());
+    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+// Writes the picture, and the report and the value where they are asked for. It opens those first:
+// where one cannot be written, there is no picture either.
 void write(Arguments const& arguments, std::vector<Values> const& history,
            std::string (*reportOf)(std::vector<Values> const&))
 {
-    if (!arguments.report) {
-        save(history.back(), arguments.out);
-        return;
+    std::optional<page::PageFile> reportFile;
+    std::optional<page::PageFile> valueFile;
+    std::string report;
+    std::string value;
+    if (arguments.report) {
+        reportFile.emplace(*arguments.report);
+        report = reportOf(history);
     }
-    PageFile file(*arguments.report);
-    std::string const report = reportOf(history);
+    if (arguments.value) {
+        valueFile.emplace(*arguments.value);
+        value = savedValue(history.back());
+    }
     save(history.back(), arguments.out);
-    file.write(report);
+    if (reportFile)
+        reportFile->write(report);
+    if (valueFile)
+        valueFile->write(value);
 }
 
 void tellFiles(char const* picture, Arguments const& arguments)
@@ -136,6 +176,9 @@ void tellFiles(char const* picture, Arguments const& arguments)
     if (arguments.report)
         std::cout << "The report, for the browser: "
                   << QFileInfo(*arguments.report).absoluteFilePath().toStdString() << '\n';
+    if (arguments.value)
+        std::cout << "The saved value, for kdrdump: "
+                  << QFileInfo(*arguments.value).absoluteFilePath().toStdString() << '\n';
 }
 
 void inspectPicture(Arguments const& arguments)

@@ -20,9 +20,6 @@ KDRVariantArray recipeOf(Values const& values, std::vector<std::string> const& n
 /// A recipe with the figures of @p figures, by the names at the same places of @p names.
 KDRVariantArray recipeOf(KDRStringArray const& names, KDRShapeArray const& figures);
 
-/// What a variant holds, in a few words; nothing for a recipe.
-std::string inBrief(KDRVariant value);
-
 /// A line for each value of the recipe in @p packed: kind, name and the value in brief. What a
 /// nested recipe holds is indented under its name.
 void printRecipe(std::ostream& out, KDRVariant const& packed);

@@ -16,7 +16,14 @@ done
 cmake -S "$here/find_package" -B "$unpacked/build" "-DCMAKE_PREFIX_PATH=$unpacked/tree/usr"
 cmake --build "$unpacked/build"
 # The loader does not look into this root, and the packaged libraries carry no paths.
-LD_LIBRARY_PATH=$(dirname "$(find "$unpacked/tree" -name 'libKDRData.so')") "$unpacked/build/consumer"
+libraries=$(dirname "$(find "$unpacked/tree" -name 'libKDRData.so')")
+LD_LIBRARY_PATH=$libraries "$unpacked/build/consumer"
+
+# The program, of a package of its own, shows a value, and its manual is where man looks for it.
+shown=$(LD_LIBRARY_PATH=$libraries "$unpacked/tree/usr/bin/kdrdump" "$here/../kdrio/files/v1/number.kdr")
+[[ $shown == *"     1  value               7 "* ]]
+test -f "$packages"/kdrdata-tools_*.deb
+test -f "$unpacked/tree/usr/share/man/man1/kdrdump.1.gz"
 
 test -f "$unpacked/tree/usr/share/doc/libkdrdata-doc/html/index.html"
 

@@ -18,7 +18,7 @@ count=0
 while read -r header; do
     count=$((count + 1))
     compile "$@" || { echo "failed: <$header>" >&2; failed=1; }
-done < <(cd "$include" && find kdrdata veldata -name '*.h' | sort)
+done < <(cd "$include" && find kdrdata kdrio veldata -name '*.h' | sort)
 
 echo "$count headers"
 ((count > 0 && failed == 0))

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # usage: check.sh BUILD [--accept]
-# Compares the binary interface of both built libraries with the committed dumps, and tells every
+# Compares the binary interface of the built libraries with the committed dumps, and tells every
 # difference. With --accept it writes the dumps anew. The build needs debug information.
 set -euo pipefail
 
@@ -28,11 +28,11 @@ SUPPRESSIONS
         --no-architecture --no-comp-dir-path --no-corpus-path --no-elf-needed --no-parameter-names \
         --no-show-locs --no-write-default-sizes --type-id-style sequence \
         --out-file "$2" "$1"
-    sed -i -E "s,^( *<abi-instr .*)path='[^']*(kdrdata|veldata)/,\1path='\2/," "$2"
+    sed -i -E "s,^( *<abi-instr .*)path='[^']*(kdrdata|kdrio|veldata)/,\1path='\2/," "$2"
 }
 
 changed=0
-for library in kdrdata/libKDRData veldata/libVelData; do
+for library in kdrdata/libKDRData kdrio/libKDRDataIO veldata/libVelData; do
     name=$(basename "$library")
     dump "$build/$library.so" "$work/new.abi"
     if [[ $mode == --accept ]]; then

@@ -1,69 +1,41 @@
-#include "htmlpage.h"
+#include "page.h"
 
-#include "drawing.h"
+#include "failure.h"
 #include "figures.h"
-#include "flow.h"
-#include "htmllook.h"
-#include "recipe.h"
+#include "look.h"
+#include "shown.h"
 
 #include <QtCore/qbytearray.h>
-#include <QtCore/qfile.h>
-#include <QtCore/qtemporarydir.h>
 #include <algorithm>
 #include <cmath>
 #include <iomanip>
+#include <limits>
 #include <set>
 #include <sstream>
 
-namespace inspect {
+namespace page {
 
 namespace {
 
-std::string attribute(char const* name, std::string const& value)
-{
-    return std::string(" ") + name + "=\"" + escaped(value) + '"';
-}
+// Beyond these coordinates nothing is drawn: browsers count in single precision.
+constexpr double furthest = 1e7;
 
-std::string attribute(char const* name, double value)
-{
-    return attribute(name, fixedText(value, 3));
-}
-
-std::string element(std::string const& start, std::string const& content)
-{
-    return '<' + start + '>' + content + "</" + start.substr(0, start.find(' ')) + '>';
-}
-
-std::string generalText(double value)
-{
-    std::ostringstream text;
-    text << value;
-    return text.str();
-}
-
-// The picture as a file that every browser shows: PNG with 8 bits, as the library writes it.
-std::string dataOf(KDRImage const& image)
-{
-    QTemporaryDir const directory;
-    QString const path = directory.filePath("picture.png");
-    KDRImage shown = imageOf(image.channel() < 3 ? greyOf(image) : colourOf(image));
-    QFile file(path);
-    if (!directory.isValid() || shown.save(KDRString(path.utf16(), path.size())) == 0 ||
-        !file.open(QIODevice::ReadOnly))
-        throw Failure("cannot write a picture among the temporary files");
-    QByteArray const bytes = file.readAll();
-    KDRBuffer const written = KDRBuffer::fromRawData(bytes.constData(), bytes.size());
-    return std::string("data:image/png;base64,") + written.toBase64().constData();
-}
+bool isDrawn(double coordinate) { return std::abs(coordinate) <= furthest; }
 
 std::string colourTextOf(unsigned int shapeKind)
 {
-    cv::Scalar const colour = colourOfKind(shapeKind);
+    Colour const colour = colourOf(shapeKind);
     std::ostringstream text;
     text << '#' << std::hex << std::setfill('0');
-    for (int channel = 2; channel >= 0; --channel)
-        text << std::setw(2) << cvRound(colour[channel]);
+    for (int const channel : {colour.red, colour.green, colour.blue})
+        text << std::setw(2) << channel;
     return text.str();
+}
+
+bool isDrawn(Line const& line)
+{
+    return std::all_of(line.begin(), line.end(),
+                       [](Place const& place) { return isDrawn(place.x) && isDrawn(place.y); });
 }
 
 std::string pathThrough(std::vector<Line> const& lines)
@@ -71,26 +43,78 @@ std::string pathThrough(std::vector<Line> const& lines)
     std::string path;
     for (Line const& line : lines) {
         char const* before = "M";
-        for (cv::Point2f const& point : line) {
-            path += before + generalText(point.x) + ' ' + generalText(point.y);
+        for (Place const& place : isDrawn(line) ? line : Line()) {
+            path += before + generalText(place.x) + ' ' + generalText(place.y);
             before = "L";
         }
     }
     return path;
 }
 
+// A bar for each run, from edge to edge of its pixels.
+std::string pathOver(KDRRegion& region)
+{
+    KDRNumberArray rows;
+    KDRNumberArray firstColumns;
+    KDRNumberArray lastColumns;
+    region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
+    std::ostringstream path;
+    path << std::setprecision(9);
+    for (int i = 0; i < rows.length(); ++i) {
+        double const y = rows[i].toDouble();
+        double const first = firstColumns[i].toDouble();
+        double const last = lastColumns[i].toDouble();
+        if (isDrawn(y) && isDrawn(first) && isDrawn(last))
+            path << 'M' << first - 0.5 << ' ' << y - 0.5 << 'H' << last + 0.5 << "v1H"
+                 << first - 0.5 << 'z';
+    }
+    return path.str();
+}
+
+bool areDrawn(std::vector<Quantity> const& quantities)
+{
+    return std::all_of(quantities.begin(), quantities.end(),
+                       [](Quantity const& each) { return isDrawn(each.value); });
+}
+
+std::string labelOf(KDRShape const& figure, std::string const& look)
+{
+    KDRPoint anchor;
+    KDRString text;
+    KDRFont font;
+    if (!figure.toText(&anchor, &text, &font) || !isDrawn(anchor.x()) || !isDrawn(anchor.y()))
+        return "";
+    double const letter = std::clamp(std::abs(static_cast<double>(font.size())), 6.0, 200.0);
+    return element("text class=\"label\"" + look + attribute("x", anchor.x()) +
+                       attribute("y", anchor.y()) + attribute("font-size", letter),
+                   escaped(text.toUtf8().constData()));
+}
+
 std::string figureOf(KDRShape const& figure)
 {
-    std::string const look = attribute("data-kind", nameOf(figure.shapeType())) +
-                             attribute("stroke", colourTextOf(figure.shapeType()));
+    std::string const kind = attribute("data-kind", nameOf(figure.shapeType()));
+    std::string const look = kind + attribute("stroke", colourTextOf(figure.shapeType()));
     KDRPoint centre;
+    KDRRegion region;
     double a = 0.0;
     double b = 0.0;
     double angle = 0.0;
+    if (figure.shapeType() == KDRShape::Text)
+        return labelOf(figure, kind);
+    if (figure.toRegion(&region)) {
+        std::string const path = pathOver(region);
+        return path.empty() ? ""
+                            : "<path class=\"area\"" + kind +
+                                  attribute("style", "fill: " + colourTextOf(KDRShape::Region)) +
+                                  attribute("d", path) + "/>";
+    }
+    if (!areDrawn(quantitiesOf(figure)) && figure.shapeType() != KDRShape::Polygon)
+        return "";
     if (figure.toCircle(&centre, &a))
-        return "<circle" + look + attribute("cx", centre.x()) + attribute("cy", centre.y()) +
-               attribute("r", a) + "/>";
-    if (figure.toRect2(&centre, &a, &b, &angle))
+        return a < 0.0 ? ""
+                       : "<circle" + look + attribute("cx", centre.x()) +
+                             attribute("cy", centre.y()) + attribute("r", a) + "/>";
+    if (figure.toRect2(&centre, &a, &b, &angle) && a >= 0.0 && b >= 0.0)
         return "<rect" + look + attribute("x", centre.x() - a) + attribute("y", centre.y() - b) +
                attribute("width", 2.0 * a) + attribute("height", 2.0 * b) +
                attribute("transform", "rotate(" + fixedText(angle, 3) + ' ' +
@@ -101,18 +125,38 @@ std::string figureOf(KDRShape const& figure)
     return path.empty() ? "" : "<path" + look + attribute("d", path) + "/>";
 }
 
-std::string figuresOf(PagePart const& part, std::size_t number, double letter)
+// The names that are written so far, by the squares of a letter's size in which they stand.
+class Labels
+{
+public:
+    explicit Labels(double size) : letter(size) {}
+
+    /// Nothing where another name stands.
+    std::string of(PagePart const& part)
+    {
+        double const x = part.label.x();
+        double const y = part.label.y();
+        if (part.name.empty() || !isDrawn(x) || !isDrawn(y) ||
+            !taken.insert({std::lround(x / letter), std::lround(y / letter)}).second)
+            return "";
+        return element("text" + attribute("x", x) + attribute("y", y) +
+                           attribute("font-size", letter) + attribute("stroke-width", letter / 5.0),
+                       escaped(part.name));
+    }
+
+private:
+    double letter;
+    std::set<std::pair<long, long>> taken;
+};
+
+std::string figuresOf(PagePart const& part, std::size_t number, Labels& labels)
 {
     std::string figures;
     for (int i = 0; i < part.figures.length(); ++i)
         figures += figureOf(part.figures[i]);
     std::string const id = std::to_string(number);
     return element("g" + attribute("id", "part-" + id) + attribute("data-part", id),
-                   figures +
-                       element("text" + attribute("x", part.label.x()) +
-                                   attribute("y", part.label.y()) + attribute("font-size", letter) +
-                                   attribute("stroke-width", letter / 5.0),
-                               escaped(part.name))) +
+                   figures + labels.of(part)) +
            '\n';
 }
 
@@ -173,49 +217,6 @@ std::string headOf(PageTable const& table)
     return element("thead", element("tr", head));
 }
 
-std::string itemOf(std::string const& name, KDRVariant value, std::string const& brief)
-{
-    return element("span class=\"name\"", escaped(name)) +
-           element("span class=\"kind\"", "kind " + std::to_string(value.variantType())) +
-           element("span class=\"value\"", escaped(brief));
-}
-
-std::string entriesOf(KDRVariantArray const& recipe, bool open);
-
-// What there is to unfold in a value: the entries of a recipe, the figures of an array.
-std::string innerOf(KDRVariant const& value)
-{
-    KDRVariantArray nested;
-    if (value.toVariantArray(&nested))
-        return entriesOf(nested, false);
-    KDRShapeArray figures;
-    if (!value.toShapeArray(&figures) || figures.length() == 0)
-        return "";
-    std::string items;
-    for (int i = 0; i < figures.length(); ++i)
-        items +=
-            element("li", std::to_string(i + 1) + ". " + escaped(inBrief(KDRVariant(figures[i])))) +
-            '\n';
-    return element("ul class=\"tree\"", items);
-}
-
-std::string entriesOf(KDRVariantArray const& recipe, bool open)
-{
-    std::string items;
-    for (int i = 0; i + 1 < recipe.length(); i += 2) {
-        KDRString name;
-        recipe[i].toString(&name);
-        KDRVariant const value = recipe[i + 1];
-        std::string const item = itemOf(name.toUtf8().constData(), value, inBrief(value));
-        std::string const inner = innerOf(value);
-        items += element("li", inner.empty() ? item
-                                             : element(open ? "details open=\"open\"" : "details",
-                                                       element("summary", item) + '\n' + inner)) +
-                 '\n';
-    }
-    return element("ul class=\"tree\"", '\n' + items);
-}
-
 // The least of 1, 2 and 5 times a power of ten that is not below a width.
 double roundStep(double width)
 {
@@ -238,16 +239,24 @@ struct Histogram
     }
 };
 
-// At least one number.
+// No steps where the numbers cannot be counted into some: where there are none, one is infinite, or
+// they lie too far from each other or too near.
 Histogram countsOf(KDRNumberArray const& numbers)
 {
-    double least = numbers[0].toDouble();
-    double most = least;
-    for (int i = 1; i < numbers.length(); ++i) {
-        least = std::min(least, numbers[i].toDouble());
-        most = std::max(most, numbers[i].toDouble());
+    double least = std::numeric_limits<double>::infinity();
+    double most = -least;
+    bool isFinite = true;
+    for (int i = 0; i < numbers.length(); ++i) {
+        double const number = numbers[i].toDouble();
+        isFinite = isFinite && std::isfinite(number);
+        least = std::min(least, number);
+        most = std::max(most, number);
     }
     double const range = most > least ? most - least : std::max(1.0, std::abs(most));
+    bool const isCounted = isFinite && range < 1e300 && range > 1e-300 &&
+                           range > 1e-12 * std::abs(most) && range > 1e-12 * std::abs(least);
+    if (numbers.length() == 0 || !isCounted)
+        return {0.0, 1.0, {}};
     Histogram histogram{0.0, roundStep(range / 8.0), {}};
     histogram.first = std::floor(least / histogram.step);
     auto const place = [&histogram](double number) {
@@ -273,66 +282,101 @@ std::string barOf(Histogram const& histogram, std::size_t i, double x, double wi
            '\n';
 }
 
-} // namespace
-
-std::string escaped(std::string const& text)
+struct Extent
 {
-    std::string result;
-    for (char const each : text) {
-        if (each == '<')
-            result += "&lt;";
-        else if (each == '>')
-            result += "&gt;";
-        else if (each == '&')
-            result += "&amp;";
-        else if (each == '"')
-            result += "&quot;";
-        else if (static_cast<unsigned char>(each) < 0x20)
-            result += "\xEF\xBF\xBD";
-        else
-            result += each;
+    double left;
+    double top;
+    double right;
+    double bottom;
+};
+
+void include(Extent& extent, double x, double y)
+{
+    if (!isDrawn(x) || !isDrawn(y))
+        return;
+    extent = {std::min(extent.left, x), std::min(extent.top, y), std::max(extent.right, x),
+              std::max(extent.bottom, y)};
+}
+
+// Around all figures, with a margin.
+Extent extentOf(std::vector<PagePart> const& parts)
+{
+    Extent extent{furthest, furthest, -furthest, -furthest};
+    for (PagePart const& part : parts) {
+        include(extent, part.label.x(), part.label.y());
+        for (int i = 0; i < part.figures.length(); ++i) {
+            KDRRegion region;
+            if (part.figures[i].toRegion(&region)) {
+                KDRNumberArray rows;
+                KDRNumberArray firstColumns;
+                KDRNumberArray lastColumns;
+                region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
+                for (int run = 0; run < rows.length(); ++run) {
+                    include(extent, firstColumns[run].toDouble(), rows[run].toDouble());
+                    include(extent, lastColumns[run].toDouble(), rows[run].toDouble());
+                }
+            }
+            for (Line const& line : linesOf(part.figures[i]))
+                for (Place const& place : line)
+                    include(extent, place.x, place.y);
+        }
     }
-    // Two code points that are no characters, the last of the first plane.
-    for (char const* none : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"})
-        for (auto at = result.find(none); at != std::string::npos; at = result.find(none, at))
-            result.replace(at, 3, "\xEF\xBF\xBD");
-    return result;
+    if (extent.left > extent.right)
+        return {0.0, 0.0, 1.0, 1.0};
+    double const margin =
+        1.0 + 0.03 * std::max(extent.right - extent.left, extent.bottom - extent.top);
+    return {extent.left - margin, extent.top - margin, extent.right + margin,
+            extent.bottom + margin};
 }
 
-std::string fixedText(double value, int digits)
+std::string picture(Extent const& extent, std::string const& ground,
+                    std::vector<PagePart> const& parts, KindNames const& names, std::size_t first)
 {
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(digits) << value;
-    return text.str();
-}
-
-std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
-                      KindNames const& names)
-{
-    // Whole coordinates are the middles of pixels.
-    std::string const width = std::to_string(image.width());
-    std::string const height = std::to_string(image.height());
-    std::string content = "<image x=\"-0.5\" y=\"-0.5\"" + attribute("width", width) +
-                          attribute("height", height) + attribute("href", dataOf(image)) + "/>\n";
-    double const letter = std::max(8.0, std::min(image.width(), image.height()) / 24.0);
+    double const width = extent.right - extent.left;
+    double const height = extent.bottom - extent.top;
+    std::string content = ground;
+    Labels labels(std::max(8.0, std::min(width, height) / 24.0));
     for (std::size_t i = 0; i < parts.size(); ++i)
-        content += figuresOf(parts[i], i + 1, letter);
+        content += figuresOf(parts[i], first + i, labels);
+    std::ostringstream box;
+    box << std::setprecision(9) << extent.left << ' ' << extent.top << ' ' << width << ' '
+        << height;
     return switchesFor(parts, names) +
            element("svg class=\"picture\" role=\"img\" aria-label=\"The picture with figures\"" +
-                       attribute("viewBox", "-0.5 -0.5 " + width + ' ' + height),
+                       attribute("viewBox", box.str()),
                    '\n' + content) +
-           "\n<p class=\"readout\" aria-live=\"polite\">Point at a part or its row, or tap it, to "
-           "see both.</p>\n";
+           (parts.empty() ? "\n"
+                          : "\n<p class=\"readout\" aria-live=\"polite\">Point at a part or its "
+                            "row, or tap it, to see both.</p>\n");
 }
 
-std::string tableOf(PageTable const& table)
+} // namespace
+
+std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
+                      KindNames const& names, std::size_t first)
+{
+    // Whole coordinates are the middles of pixels.
+    std::string const ground = "<image x=\"-0.5\" y=\"-0.5\"" +
+                               attribute("width", std::to_string(image.width())) +
+                               attribute("height", std::to_string(image.height())) +
+                               attribute("href", addressOf(image)) + "/>\n";
+    return picture({-0.5, -0.5, image.width() - 0.5, image.height() - 0.5}, ground, parts, names,
+                   first);
+}
+
+std::string drawingOf(std::vector<PagePart> const& parts, std::size_t first)
+{
+    return picture(extentOf(parts), "", parts, {}, first);
+}
+
+std::string tableOf(PageTable const& table, std::size_t first)
 {
     std::string body;
     for (std::size_t i = 0; i < table.rows.size(); ++i) {
         std::string cells;
         for (std::string const& text : table.rows[i])
             cells += cellOf(text);
-        std::string const id = std::to_string(i + 1);
+        std::string const id = std::to_string(first + i);
         body += element(table.ofParts ? "tr tabindex=\"0\"" + attribute("id", "row-" + id) +
                                             attribute("data-part", id)
                                       : "tr",
@@ -348,10 +392,10 @@ std::string tableOf(PageTable const& table)
 
 std::string histogramOf(std::string const& title, KDRNumberArray const& numbers)
 {
-    if (numbers.length() == 0)
-        return "";
     Histogram const histogram = countsOf(numbers);
     std::size_t const steps = histogram.counts.size();
+    if (steps == 0)
+        return "";
     double const width = 328.0 / static_cast<double>(steps);
     int const most = *std::max_element(histogram.counts.begin(), histogram.counts.end());
     std::string content;
@@ -368,13 +412,6 @@ std::string histogramOf(std::string const& title, KDRNumberArray const& numbers)
                                              attribute("aria-label", title),
                                          '\n' + content)) +
            '\n';
-}
-
-std::string treeOf(KDRVariant const& packed)
-{
-    KDRVariantArray recipe;
-    packed.toVariantArray(&recipe);
-    return entriesOf(recipe, true) + '\n';
 }
 
 std::string sectionOf(std::string const& heading, std::string const& content)
@@ -408,4 +445,4 @@ void PageFile::write(std::string const& page)
                       "': " + file.errorString().toStdString());
 }
 
-} // namespace inspect
+} // namespace page

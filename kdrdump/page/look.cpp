@@ -1,6 +1,6 @@
-#include "htmllook.h"
+#include "look.h"
 
-namespace inspect {
+namespace page {
 
 char const* pageStyle()
 {
@@ -27,6 +27,8 @@ section { margin: 0 0 1rem; padding: .9rem; border: 1px solid var(--line);
 .picture g { cursor: pointer; }
 .picture g.lit [data-kind] { stroke-width: 4px; }
 .picture g.lit [data-kind]:first-child { fill: rgba(255, 225, 90, .45); }
+.picture .area { fill-opacity: .4; stroke: none; shape-rendering: crispEdges; }
+.picture g.lit .area { fill-opacity: .75; }
 .picture text { fill: #fff; stroke: #000; paint-order: stroke; text-anchor: middle;
   dominant-baseline: central; user-select: none; font-family: system-ui, sans-serif; }
 .readout { height: 9em; margin: .5rem 0 0; color: var(--faint); font-size: .9rem;
@@ -79,8 +81,8 @@ char const* pageScript()
 'use strict';
 (() => {
   const all = (selector, root) => Array.from((root || document).querySelectorAll(selector));
-  const readout = document.querySelector('.readout');
-  const invitation = readout ? readout.textContent : '';
+  const readouts = all('.readout');
+  const invitation = readouts.length ? readouts[0].textContent : '';
   let kept = null;
 
   const describe = (row) => {
@@ -91,7 +93,10 @@ char const* pageScript()
   const light = (part) => {
     all('[data-part]').forEach((each) => each.classList.toggle('lit', each.dataset.part === part));
     const row = part ? document.getElementById('row-' + part) : null;
-    if (readout) readout.textContent = row ? describe(row) : invitation;
+    readouts.forEach((readout) => {
+      const here = row ? readout.closest('.beside') === row.closest('.beside') : false;
+      readout.textContent = here ? describe(row) : invitation;
+    });
   };
 
   const partAt = (event) => {
@@ -131,7 +136,8 @@ char const* pageScript()
   }));
 
   all('.switches input').forEach((input) => input.addEventListener('change', () => {
-    all('.picture [data-kind="' + input.value + '"]').forEach((figure) => {
+    const kind = '.picture [data-kind="' + input.value + '"]';
+    all(kind, input.closest('section')).forEach((figure) => {
       figure.style.display = input.checked ? '' : 'none';
     });
   }));
@@ -139,4 +145,4 @@ char const* pageScript()
 )JS";
 }
 
-} // namespace inspect
+} // namespace page

@@ -1,7 +1,7 @@
-#ifndef EXAMPLES_INSPECT_HTMLLOOK_H
-#define EXAMPLES_INSPECT_HTMLLOOK_H
+#ifndef KDRDUMP_PAGE_LOOK_H
+#define KDRDUMP_PAGE_LOOK_H
 
-namespace inspect {
+namespace page {
 
 /// The style sheet of a page.
 char const* pageStyle();
@@ -10,6 +10,6 @@ char const* pageStyle();
 /// has no '<' and no '&', which XML would read.
 char const* pageScript();
 
-} // namespace inspect
+} // namespace page
 
 #endif

@@ -1,5 +1,5 @@
-#ifndef EXAMPLES_INSPECT_HTMLPAGE_H
-#define EXAMPLES_INSPECT_HTMLPAGE_H
+#ifndef KDRDUMP_PAGE_PAGE_H
+#define KDRDUMP_PAGE_PAGE_H
 
 #include <QtCore/qsavefile.h>
 #include <map>
@@ -8,11 +8,13 @@
 
 #include <kdrdata/kdrdata.h>
 
+#include "markup.h"
+
 // The pieces of a page that shows values in a browser, each made from values and knowing nothing of
 // the flow they come from. A page is one file that refers to nothing outside itself; it is HTML
 // that reads as XML, too.
 
-namespace inspect {
+namespace page {
 
 /// What belongs together in a picture and has one row in a table.
 struct PagePart
@@ -32,28 +34,25 @@ struct PageTable
     bool ofParts = false;
 };
 
-/// @p text with everything replaced that means something to a browser, and what XML cannot hold.
-std::string escaped(std::string const& text);
-
-/// @p value in plain notation with @p digits after the point.
-std::string fixedText(double value, int digits);
-
 /// What the figures of some kinds are called on a page.
 using KindNames = std::map<unsigned int, std::string>;
 
 /// @p image with the figures of @p parts over it, and a switch for each kind of figure: by its name
-/// in @p names, or else by that of the kind.
+/// in @p names, or else by that of the kind. Where a page has several pictures, their parts are
+/// counted on, from @p first.
 std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
-                      KindNames const& names = {});
+                      KindNames const& names = {}, std::size_t first = 1);
 
-/// A table, in a frame of its own that scrolls where the page is narrow.
-std::string tableOf(PageTable const& table);
+/// The figures of @p parts on an empty ground as large as they need.
+std::string drawingOf(std::vector<PagePart> const& parts, std::size_t first = 1);
 
-/// How often @p numbers fall into steps of a round width. Nothing where there are no numbers.
+/// A table, in a frame of its own that scrolls where the page is narrow. The parts that its rows
+/// may stand for are counted from @p first.
+std::string tableOf(PageTable const& table, std::size_t first = 1);
+
+/// How often @p numbers fall into steps of a round width. Nothing where there are no numbers, or
+/// infinite ones.
 std::string histogramOf(std::string const& title, KDRNumberArray const& numbers);
-
-/// The recipe in @p packed as a tree that unfolds; see recipe.h.
-std::string treeOf(KDRVariant const& packed);
 
 /// A part of the page with a heading of its own.
 std::string sectionOf(std::string const& heading, std::string const& content);
@@ -62,20 +61,21 @@ std::string sectionOf(std::string const& heading, std::string const& content);
 std::string pageOf(std::string const& title, std::string const& summary,
                    std::string const& content);
 
-/// The file of a page. An older file of this name stays as it is until the new one is whole.
+/// The file of a page, or of other bytes. An older file of this name stays as it is until the new
+/// one is whole.
 class PageFile
 {
 public:
     /// Throws Failure where nothing can be written.
     explicit PageFile(QString const& path);
 
-    /// Writes the page, once. Throws Failure where that fails.
+    /// Writes the bytes, once. Throws Failure where that fails.
     void write(std::string const& page);
 
 private:
     QSaveFile file;
 };
 
-} // namespace inspect
+} // namespace page
 
 #endif

@@ -1,0 +1,315 @@
+#include "run.h"
+
+#include <QtCore/qmap.h>
+#include <QtCore/qxmlstream.h>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <vector>
+
+namespace {
+
+struct Element
+{
+    QString name;
+    QMap<QString, QString> attributes;
+    QString text; // with that of the elements in it
+    QStringList around;
+
+    QString of(char const* attribute) const { return attributes.value(attribute); }
+};
+
+class Page : public Dump
+{
+protected:
+    // The elements of the page of `value`, in the order of their starts.
+    std::vector<Element> pageOf(KDRVariant const& value, QStringList const& more = {}) const
+    {
+        save(value);
+        EXPECT_EQ(printed(QStringList({"value.kdr", "--html", "page.html"}) + more), "page.html\n");
+        QXmlStreamReader reader(read("page.html"));
+        std::vector<Element> elements;
+        std::vector<std::size_t> open;
+        QStringList around;
+        while (!reader.atEnd()) {
+            reader.readNext();
+            if (reader.isStartElement()) {
+                Element element{reader.name().toString(), {}, "", around};
+                for (QXmlStreamAttribute const& each : reader.attributes())
+                    element.attributes[each.name().toString()] = each.value().toString();
+                around << element.name + '.' + element.of("class");
+                open.push_back(elements.size());
+                elements.push_back(element);
+            } else if (reader.isEndElement()) {
+                around.removeLast();
+                open.pop_back();
+            } else if (reader.isCharacters()) {
+                for (std::size_t const place : open)
+                    elements[place].text += reader.text();
+            }
+        }
+        EXPECT_FALSE(reader.hasError())
+            << reader.lineNumber() << ": " << reader.errorString().toStdString();
+        return elements;
+    }
+
+    static std::vector<Element> named(std::vector<Element> const& all, char const* name,
+                                      char const* attribute = nullptr)
+    {
+        std::vector<Element> found;
+        for (Element const& each : all)
+            if (each.name == name && (!attribute || each.attributes.contains(attribute)))
+                found.push_back(each);
+        return found;
+    }
+
+    static QStringList texts(std::vector<Element> const& elements)
+    {
+        QStringList all;
+        for (Element const& each : elements)
+            all << each.text.simplified();
+        return all;
+    }
+
+    // The kinds of the figures in each picture.
+    static QStringList figuresIn(std::vector<Element> const& page)
+    {
+        QStringList kinds;
+        for (Element const& each : page) {
+            if (each.name == "svg" && each.of("class") == "picture")
+                kinds << "";
+            if (each.attributes.contains("data-kind"))
+                kinds.last() += (kinds.last().isEmpty() ? "" : " ") + each.of("data-kind");
+        }
+        return kinds;
+    }
+
+    static KDRImage image(int width = 40)
+    {
+        return KDRImage(nullptr, width, 30, 1, 0, KDRImage::DataTypeUInt8);
+    }
+};
+
+KDRShape lineAt(double x)
+{
+    KDRPoint start(x, 0.0);
+    KDRPoint end(x, 9.0);
+    KDRShape shape;
+    shape.fromLine(start, end);
+    return shape;
+}
+
+TEST_F(Page, DrawsFiguresOverTheImageBeforeThem)
+{
+    KDRVariant const circle(circleAt(5.0, 5.0, 2.0));
+    KDRVariant const line(lineAt(3.0));
+    // Before any image, after the first, after the second, in a list of its own, and in one with
+    // an image.
+    auto const page =
+        pageOf(listOf({1, circle, KDRVariant(image()), line, KDRVariant(image(50)), circle,
+                       listOf({"a", listOf({3, line})}), listOf({KDRVariant(image(60)), circle})}));
+    EXPECT_EQ(figuresIn(page), QStringList({"circle line", "circle line", "circle"}));
+    QStringList boxes;
+    for (Element const& each : page)
+        if (each.of("class") == "picture")
+            boxes << each.of("viewBox");
+    EXPECT_EQ(boxes, QStringList({"-0.5 -0.5 40 30", "-0.5 -0.5 50 30", "-0.5 -0.5 60 30"}));
+    EXPECT_EQ(texts(named(page, "h2")),
+              QStringList({"Picture [2], 40 x 30 pixels", "Figures", "Picture [4], 50 x 30 pixels",
+                           "Figures", "Picture [7][0], 60 x 30 pixels", "Figures", "The value"}));
+}
+
+TEST_F(Page, DrawsFiguresWithoutAnImageOnTheirOwn)
+{
+    KDRShapeArray shapes;
+    shapes.push_back(circleAt(100.0, 50.0, 20.0));
+    shapes.push_back(circleAt(200.0, 50.0, 20.0));
+    auto const page = pageOf(listOf({1, KDRVariant(shapes), 3}));
+    EXPECT_EQ(figuresIn(page), QStringList("circle circle"));
+    EXPECT_TRUE(named(page, "image").empty());
+    for (Element const& each : page) {
+        if (each.of("class") != "picture")
+            continue;
+        // Around both, with a little margin.
+        QStringList const box = each.of("viewBox").split(' ');
+        EXPECT_NEAR(box[0].toDouble(), 80.0, 10.0);
+        EXPECT_NEAR(box[1].toDouble(), 30.0, 10.0);
+        EXPECT_NEAR(box[2].toDouble(), 140.0, 20.0);
+        EXPECT_NEAR(box[3].toDouble(), 40.0, 20.0);
+    }
+}
+
+TEST_F(Page, TellsFiguresApartOverSeveralPictures)
+{
+    KDRVariant const circle(circleAt(5.0, 5.0, 2.0));
+    auto const page = pageOf(listOf({KDRVariant(image()), circle, KDRVariant(image()), circle}));
+    QStringList ids;
+    for (Element const& each : page)
+        if (each.attributes.contains("id"))
+            ids << each.of("id");
+    ids.sort();
+    EXPECT_EQ(ids, QStringList({"part-1", "part-2", "row-1", "row-2"}));
+    EXPECT_EQ(texts(named(page, "td")),
+              QStringList({"1", "[1]", "[1]", "circle: x 5, y 5, radius 2", "1", "[3]", "[3]",
+                           "circle: x 5, y 5, radius 2"}));
+}
+
+TEST_F(Page, DrawsRegionsRunByRun)
+{
+    KDRNumberArray columns[3];
+    long long const runs[][3] = {{2, 5, 9}, {3, 6, 6}};
+    for (auto const& run : runs)
+        for (int i = 0; i < 3; ++i)
+            columns[i].push_back(KDRNumber(run[i]));
+    KDRRegion region;
+    region.fromRunLengthEncodeing(columns[0], columns[1], columns[2], 40, 30);
+    KDRShape shape;
+    shape.fromRegion(region);
+    auto const page = pageOf(listOf({KDRVariant(image()), KDRVariant(shape)}));
+    std::vector<Element> const paths = named(page, "path", "data-kind");
+    ASSERT_EQ(paths.size(), 1U);
+    // From edge to edge of the pixels, whose middles are whole.
+    EXPECT_EQ(paths[0].of("d"), "M4.5 1.5H9.5v1H4.5zM5.5 2.5H6.5v1H5.5z");
+}
+
+TEST_F(Page, ShowsDeepPicturesFromTheirLeastToTheirGreatestValue)
+{
+    KDRImage deep(nullptr, 3, 1, 1, 0, KDRImage::DataTypeFloat64);
+    double const values[] = {-1e308, std::nan(""), 1e308};
+    std::memcpy(deep.dataPtr(), values, sizeof values);
+    auto const page = pageOf(KDRVariant(deep));
+    std::vector<Element> const images = named(page, "image");
+    ASSERT_EQ(images.size(), 1U);
+    QString const start = "data:image/png;base64,";
+    ASSERT_TRUE(images[0].of("href").startsWith(start));
+    QFile png(file("held.png"));
+    ASSERT_TRUE(png.open(QIODevice::WriteOnly));
+    png.write(QByteArray::fromBase64(images[0].of("href").mid(start.size()).toLatin1()));
+    png.close();
+    KDRImage held;
+    QByteArray const path = file("held.png").toUtf8();
+    ASSERT_NE(held.read(KDRString().fromUtf8(path.constData())), 0);
+    EXPECT_EQ(held.depth(), KDRImage::DataTypeUInt8);
+    EXPECT_EQ(held.dataPtr()[0], 0);
+    EXPECT_EQ(held.dataPtr()[1], 0); // no number
+    EXPECT_EQ(held.dataPtr()[2], 255);
+}
+
+TEST_F(Page, HasTablesOfNumbers)
+{
+    KDRMatrix matrix(2, 2, KDRMatrix::MatrixTypeFloat64);
+    double const elements[] = {1.5, -2.0, 1e300, 0.1};
+    std::memcpy(matrix.dataPtr(), elements, sizeof elements);
+    KDRNumberArray numbers;
+    for (int i = 0; i < 12; ++i)
+        numbers.push_back(KDRNumber(i * 100000));
+    KDRPointArray points;
+    points.push_back(KDRPoint(3.0, -4.5));
+    auto const page = pageOf(
+        listOf({"m", KDRVariant(matrix), "n", KDRVariant(numbers), "p", KDRVariant(points)}));
+    EXPECT_EQ(texts(named(page, "td")).join(' '),
+              "0 1.5 -2 1 1e+300 0.1 "
+              "0 0 100000 200000 300000 400000 500000 600000 700000 800000 900000 "
+              "10 1000000 1100000         "
+              "0 3 -4.5");
+    EXPECT_EQ(texts(named(page, "h2")),
+              QStringList({"m, at [1]", "n, at [3]", "p, at [5]", "The value"}));
+    EXPECT_EQ(named(page, "figure").size(), 1U);
+}
+
+TEST_F(Page, CutsLongTables)
+{
+    KDRNumberArray numbers;
+    for (int i = 0; i < 10050; ++i)
+        numbers.push_back(KDRNumber(i));
+    auto const page = pageOf(
+        listOf({KDRVariant(numbers), KDRVariant(KDRMatrix(1001, 65, KDRMatrix::MatrixTypeUInt8))}));
+    EXPECT_EQ(named(page, "tr").size(), 2U * (1U + 1000U));
+    QStringList about;
+    for (Element const& each : page)
+        if (each.of("class") == "about")
+            about << each.text;
+    EXPECT_EQ(about, QStringList({"10050 numbers; the first 10000 of 10050 numbers",
+                                  "1001 rows, 65 columns; the first 1000 of 1001 rows; the first "
+                                  "64 of 65 columns"}));
+}
+
+TEST_F(Page, SurvivesNumbersBeyondAllPictures)
+{
+    double const infinity = std::numeric_limits<double>::infinity();
+    KDRVariantArray list;
+    list.push_back(KDRVariant(image()));
+    for (double const number : {infinity, -infinity, std::nan(""), 1e300, -1e300, 1e-320}) {
+        list.push_back(KDRVariant(circleAt(number, 1.0, 2.0)));
+        list.push_back(KDRVariant(circleAt(1.0, 1.0, number)));
+        KDRPoint centre(1.0, number);
+        KDRShape arc;
+        arc.fromArc(centre, 5.0, number, -number);
+        list.push_back(KDRVariant(arc));
+        KDRShape torus;
+        KDRPoint middle(5.0, 5.0);
+        torus.fromTorus(middle, 1.0, number, -1e300, number);
+        list.push_back(KDRVariant(torus));
+        KDRNumberArray numbers;
+        for (int i = 0; i < 10; ++i)
+            numbers.push_back(KDRNumber(i % 2 ? number : -number));
+        list.push_back(KDRVariant(numbers));
+    }
+    for (Element const& each : pageOf(KDRVariant(list)))
+        for (char const* name : {"cx", "cy", "r", "d", "x", "y", "viewBox", "width", "height"}) {
+            EXPECT_FALSE(each.of(name).contains("nan")) << name;
+            EXPECT_FALSE(each.of(name).contains("inf")) << name;
+            EXPECT_LT(each.of(name).section(' ', 0, 0).size(), 20000) << name;
+        }
+}
+
+TEST_F(Page, EscapesTheTextsOfTheValue)
+{
+    char const* const hostile = "<script>alert(1)</script>\"'&amp;]]>-->";
+    KDRPoint anchor(3.0, 4.0);
+    KDRString text(hostile);
+    KDRFont font;
+    KDRShape label;
+    label.fromText(anchor, text, font);
+    KDRNumberArray numbers;
+    numbers.push_back(KDRNumber(1));
+    auto const page =
+        pageOf(listOf({hostile, listOf({hostile, hostile}), "<b>", KDRVariant(label),
+                       "<i onload=\"x\">", KDRVariant(numbers), "\x01\x1b", KDRVariant(image())}));
+    EXPECT_EQ(named(page, "script").size(), 1U);
+    EXPECT_TRUE(named(page, "b").empty());
+    EXPECT_TRUE(named(page, "i").empty());
+    EXPECT_GE(read("page.html").count("&lt;script&gt;"), 4);
+    int drawn = 0;
+    for (Element const& each : page)
+        drawn += each.name == "text" && each.text == hostile ? 1 : 0;
+    EXPECT_EQ(drawn, 1);
+    // Of the file itself, too.
+    QString const name = "<script>&\"'.kdr";
+    ASSERT_TRUE(QFile::copy(file("value.kdr"), file(name)));
+    EXPECT_EQ(printed({name, "--html", "page.html"}), "page.html\n");
+    EXPECT_EQ(read("page.html").count("<script>"), 1);
+    EXPECT_EQ(read("page.html").count("<h1>&lt;script&gt;&amp;&quot;'.kdr</h1>"), 1);
+}
+
+TEST_F(Page, UnfoldsTheTree)
+{
+    auto const page = pageOf(listOf({"outer", listOf({"inner", listOf({"x", 7})}), "y", "z"}));
+    QStringList names;
+    for (Element const& each : page)
+        if (each.of("class") == "name")
+            names << QString::number(each.around.count("details.")) + ' ' + each.text;
+    EXPECT_EQ(names, QStringList({"1 [1] outer", "2 [1] inner", "2 [1] x", "0 [3] y"}));
+    EXPECT_EQ(named(page, "details", "open").size(), 1U);
+}
+
+TEST_F(Page, IsOfAPieceWhereOneIsSelected)
+{
+    KDRVariant const whole = listOf({1, listOf({KDRVariant(image()), circleAt(1.0, 2.0, 3.0)})});
+    auto const page = pageOf(whole, {"--select", "[1]"});
+    EXPECT_EQ(texts(named(page, "h1")), QStringList("value.kdr, [1]"));
+    EXPECT_EQ(texts(named(page, "h2")),
+              QStringList({"Picture [1][0], 40 x 30 pixels", "Figures", "The value"}));
+}
+
+} // namespace
