@@ -18,12 +18,9 @@ bool isPlainZero(double number)
     return std::memcmp(&number, &zero, sizeof number) == 0;
 }
 
-// Whether UTF-8 gives a text back: it has no half of a pair, and does not begin with what a decoder
-// takes for a byte order mark.
+// Whether UTF-8 gives a text back: it has no half of a pair.
 bool isGivenBackByUtf8(QString const& text)
 {
-    if (text.startsWith(QChar(QChar::ByteOrderMark)))
-        return false;
     for (int i = 0; i < text.size(); ++i) {
         if (!text.at(i).isSurrogate())
             continue;

@@ -304,6 +304,10 @@ std::vector<std::string> absurdities()
     for (char const* const kind : {"bool array", "string array", "image array", "3D shape array"})
         values.push_back(record(kind, "\x9a" + huge + "\xf6\xf6"));
     values.push_back(record("number array", "\xd8\x56\x5a" + huge));
+    // Within the limits, and yet not there.
+    std::string const million("\x00\x80\x00\x00", 4);
+    values.push_back("\x9a" + million + "\x07");
+    values.push_back(record("number array", "\xd8\x56\x5a\x04" + std::string(3, '\0')));
     return values;
 }
 
@@ -324,6 +328,14 @@ std::vector<std::string> absurdities()
         KDRVariant loaded;
         kdrio::Error error;
         if (kdrio::fromBytes(bufferOf(fileOf(value)), &loaded, &error))
+            _exit(1);
+        if (error.what == KDRString("out of memory"))
+            _exit(2);
+        // A device tells Qt's reader less than bytes in memory do.
+        QByteArray bytes = QByteArray::fromStdString(fileOf(value));
+        QBuffer device(&bytes);
+        device.open(QIODevice::ReadOnly);
+        if (kdrio::load(&device, &loaded, &error))
             _exit(1);
         if (error.what == KDRString("out of memory"))
             _exit(2);
