@@ -14,7 +14,12 @@
 
 namespace {
 
-using testing::Test;
+// The address sanitizer takes more of the address space than a limit could leave it.
+#if defined(KDR_UNDER_ADDRESS_SANITIZER)
+constexpr bool canLimitMemory = false;
+#else
+constexpr bool canLimitMemory = true;
+#endif
 
 std::string text(char const* words)
 {
@@ -347,9 +352,9 @@ TEST(Hostile, AbsurdLengthsAreRefusedInLittleMemory)
 {
     for (std::string const& value : absurdities())
         EXPECT_NE(refusal(fileOf(value)), "");
-#if !defined(__SANITIZE_ADDRESS__) && !defined(KDR_UNDER_ADDRESS_SANITIZER)
-    EXPECT_EXIT(refuseInLittleMemory(), testing::ExitedWithCode(0), "");
-#endif
+    if (canLimitMemory) {
+        EXPECT_EXIT(refuseInLittleMemory(), testing::ExitedWithCode(0), "");
+    }
 }
 
 [[noreturn]] void loadInTooLittleMemory(std::string const& bytes)
@@ -374,11 +379,11 @@ TEST(Hostile, AbsurdLengthsAreRefusedInLittleMemory)
 
 TEST(Hostile, WhereMemoryRunsOutTheAnswerIsFalse)
 {
-#if !defined(__SANITIZE_ADDRESS__) && !defined(KDR_UNDER_ADDRESS_SANITIZER)
     std::string const numbers =
         fileOf("\x9a" + std::string("\x00\x10\x00\x00", 4) + std::string(1 << 20, '\x07'));
-    EXPECT_EXIT(loadInTooLittleMemory(numbers), testing::ExitedWithCode(0), "out of memory");
-#endif
+    if (canLimitMemory) {
+        EXPECT_EXIT(loadInTooLittleMemory(numbers), testing::ExitedWithCode(0), "out of memory");
+    }
 }
 
 TEST(Hostile, LengthsThatAreNotSaidBeforeAreRefused)
