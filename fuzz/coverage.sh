@@ -20,7 +20,8 @@ for corpus in "$here"/corpus/*; do
         "$program" "$corpus" "$here/regressions/$target" >"$profiles/$target.log"
     llvm-profdata merge -o "$profiles/$target.profdata" "$profiles/$target"-*.profraw
     llvm-cov export -format=lcov "-instr-profile=$profiles/$target.profdata" \
-        "$program" -object "$build/kdrdata/libKDRData.so" -object "$build/veldata/libVelData.so" |
+        "$program" -object "$build/kdrdata/libKDRData.so" -object "$build/kdrio/libKDRDataIO.so" \
+        -object "$build/veldata/libVelData.so" |
         c++filt >"$profiles/$target.lcov"
     # A line is "FNDA:count,file:qualified name(arguments)"; overloads are added up. A name is
     # followed by its arguments and may have a return type or a file in front.

@@ -80,16 +80,21 @@ void writeTyped(Writer& writer, QCborTag tag, KDRNumberArray const& array, Value
                  static_cast<long long>(elements.size()) * static_cast<long long>(sizeof(Element)));
 }
 
+bool isInteger(KDRNumber const& number)
+{
+    return inside::record(number).kind == KDRNumberPrivate::Integer;
+}
+
 // Whether all are of the first one's kind and none has a range.
 bool areAlike(KDRNumberArray const& array)
 {
     KDRNumber number;
-    bool isInteger = false;
+    bool areIntegers = false;
     for (int i = 0; i < array.length(); ++i) {
         array.select(i, &number);
         if (i == 0)
-            isInteger = inside::isInteger(number);
-        if (hasRange(number) || inside::isInteger(number) != isInteger)
+            areIntegers = isInteger(number);
+        if (hasRange(number) || isInteger(number) != areIntegers)
             return false;
     }
     return array.length() > 0;
@@ -118,7 +123,7 @@ void write(Writer& writer, KDRNumberArray const& value)
         return writeEach<KDRNumber>(writer, value);
     KDRNumber first;
     value.select(0, &first);
-    if (inside::isInteger(first))
+    if (isInteger(first))
         writeTyped<qint64>(writer, format::int64s, value,
                            [](KDRNumber const& number) { return number.toLongLong(); });
     else
@@ -236,9 +241,11 @@ void read(Reader& reader, KDRVariantArray& value)
     {
         Path::Step step(reader.path(), 0);
         KDRVariant const empty;
+        QList<KDRVariant>& elements = inside::elements(value);
+        elements.reserve(length);
         for (int i = 0; i < length; ++i) {
-            value.push_back(empty);
-            reader.value(inside::elements(value).last());
+            elements.append(empty);
+            reader.value(elements.last());
             step.next();
         }
     }

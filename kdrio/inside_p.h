@@ -34,13 +34,11 @@ inline QList<KDRVariant> const& elements(KDRVariantArray const& array)
 /// The elements of an array, to be filled where they are.
 inline QList<KDRVariant>& elements(KDRVariantArray& array) { return KDRInternal::wrapped(array); }
 
-/// The step of a number's range: KDRNumber::step() answers the minimum.
-inline double step(KDRNumber const& value) { return KDRInternal::pointer(value)->step; }
-
-/// Whether a number is an integer: a constant number does not tell.
-inline bool isInteger(KDRNumber const& value)
+/// A number's record: KDRNumber::step() answers the minimum, and a constant number does not tell
+/// its kind.
+inline KDRNumberPrivate const& record(KDRNumber const& value)
 {
-    return KDRInternal::pointer(value)->kind == KDRNumberPrivate::Integer;
+    return KDRInternal::wrapped(value);
 }
 
 inline QString const& text(KDRString const& value) { return KDRInternal::wrapped(value); }

@@ -18,12 +18,9 @@ bool isPlainZero(double number)
     return std::memcmp(&number, &zero, sizeof number) == 0;
 }
 
-// Whether UTF-8 gives a text back: it has no half of a pair, and does not begin with what a decoder
-// takes for a byte order mark.
+// Whether UTF-8 gives a text back: it has no half of a pair.
 bool isGivenBackByUtf8(QString const& text)
 {
-    if (text.startsWith(QChar(QChar::ByteOrderMark)))
-        return false;
     for (int i = 0; i < text.size(); ++i) {
         if (!text.at(i).isSurrogate())
             continue;
@@ -49,25 +46,29 @@ void write(Writer& writer, bool const& value) { writer.flag(value); }
 
 bool hasRange(KDRNumber const& value)
 {
-    return !isPlainZero(value.maxValue()) || !isPlainZero(value.minValue()) ||
-           !isPlainZero(inside::step(value));
+    KDRNumberPrivate const& number = inside::record(value);
+    return !isPlainZero(number.maxValue) || !isPlainZero(number.minValue) ||
+           !isPlainZero(number.step);
 }
 
 void writeValueOf(Writer& writer, KDRNumber const& value)
 {
-    inside::isInteger(value) ? writer.integer(value.toLongLong()) : writer.number(value.toDouble());
+    KDRNumberPrivate const& number = inside::record(value);
+    number.kind == KDRNumberPrivate::Integer ? writer.integer(number.value.integer)
+                                             : writer.number(number.value.floating);
 }
 
 void write(Writer& writer, KDRNumber const& value)
 {
     if (!hasRange(value))
         return writeValueOf(writer, value);
+    KDRNumberPrivate const& number = inside::record(value);
     writer.map(4);
     writer.name("value");
     writeValueOf(writer, value);
-    writer.field("maximum", value.maxValue());
-    writer.field("minimum", value.minValue());
-    writer.field("step", inside::step(value));
+    writer.field("maximum", number.maxValue);
+    writer.field("minimum", number.minValue);
+    writer.field("step", number.step);
     writer.endMap();
 }
 

@@ -32,9 +32,15 @@ void Writer::file(KDRVariant const& value)
     endList();
 }
 
+void Writer::list(int length)
+{
+    // Not for each element: a list is the least that can become long.
+    mustFit(length);
+    m_cbor.startArray(static_cast<quint64>(length));
+}
+
 void Writer::value(KDRVariant const& value)
 {
-    mustFit(0);
     KDRVariantPrivate& store = inside::store(value);
     Sharing::Shared* const shared = m_sharing.ofStore(value);
     if (!shared) {

@@ -34,7 +34,7 @@ public:
     /// The pixels of an image, or a reference to them.
     void pixels(KDRImage const& image);
 
-    void list(int length) { m_cbor.startArray(static_cast<quint64>(length)); }
+    void list(int length);
     void endList() { m_cbor.endArray(); }
     void map(int length) { m_cbor.startMap(static_cast<quint64>(length)); }
     void endMap() { m_cbor.endMap(); }

@@ -14,7 +14,12 @@
 
 namespace {
 
-using testing::Test;
+// The address sanitizer takes more of the address space than a limit could leave it.
+#if defined(KDR_UNDER_ADDRESS_SANITIZER)
+constexpr bool canLimitMemory = false;
+#else
+constexpr bool canLimitMemory = true;
+#endif
 
 std::string text(char const* words)
 {
@@ -304,6 +309,10 @@ std::vector<std::string> absurdities()
     for (char const* const kind : {"bool array", "string array", "image array", "3D shape array"})
         values.push_back(record(kind, "\x9a" + huge + "\xf6\xf6"));
     values.push_back(record("number array", "\xd8\x56\x5a" + huge));
+    // Within the limits, and yet not there.
+    std::string const million("\x00\x80\x00\x00", 4);
+    values.push_back("\x9a" + million + "\x07");
+    values.push_back(record("number array", "\xd8\x56\x5a\x04" + std::string(3, '\0')));
     return values;
 }
 
@@ -327,6 +336,14 @@ std::vector<std::string> absurdities()
             _exit(1);
         if (error.what == KDRString("out of memory"))
             _exit(2);
+        // A device tells Qt's reader less than bytes in memory do.
+        QByteArray bytes = QByteArray::fromStdString(fileOf(value));
+        QBuffer device(&bytes);
+        device.open(QIODevice::ReadOnly);
+        if (kdrio::load(&device, &loaded, &error))
+            _exit(1);
+        if (error.what == KDRString("out of memory"))
+            _exit(2);
     }
     _exit(0);
 }
@@ -335,9 +352,9 @@ TEST(Hostile, AbsurdLengthsAreRefusedInLittleMemory)
 {
     for (std::string const& value : absurdities())
         EXPECT_NE(refusal(fileOf(value)), "");
-#if !defined(__SANITIZE_ADDRESS__) && !defined(KDR_UNDER_ADDRESS_SANITIZER)
-    EXPECT_EXIT(refuseInLittleMemory(), testing::ExitedWithCode(0), "");
-#endif
+    if (canLimitMemory) {
+        EXPECT_EXIT(refuseInLittleMemory(), testing::ExitedWithCode(0), "");
+    }
 }
 
 [[noreturn]] void loadInTooLittleMemory(std::string const& bytes)
@@ -362,11 +379,11 @@ TEST(Hostile, AbsurdLengthsAreRefusedInLittleMemory)
 
 TEST(Hostile, WhereMemoryRunsOutTheAnswerIsFalse)
 {
-#if !defined(__SANITIZE_ADDRESS__) && !defined(KDR_UNDER_ADDRESS_SANITIZER)
     std::string const numbers =
         fileOf("\x9a" + std::string("\x00\x10\x00\x00", 4) + std::string(1 << 20, '\x07'));
-    EXPECT_EXIT(loadInTooLittleMemory(numbers), testing::ExitedWithCode(0), "out of memory");
-#endif
+    if (canLimitMemory) {
+        EXPECT_EXIT(loadInTooLittleMemory(numbers), testing::ExitedWithCode(0), "out of memory");
+    }
 }
 
 TEST(Hostile, LengthsThatAreNotSaidBeforeAreRefused)

@@ -7,10 +7,9 @@
 
 /// A function of the namespace with exactly this result and this list of parameters.
 #define FUNCTION(Result, name, ...)                                                                \
-    static_assert(                                                                                 \
-        std::is_same<decltype(static_cast<Result(*) __VA_ARGS__>(&kdrio::name)),                   \
-                     Result(*) __VA_ARGS__>::value,                                                \
-        "kdrio::" #name)
+    static_assert(std::is_same<decltype(static_cast<Result(*) __VA_ARGS__>(&kdrio::name)),         \
+                               Result(*) __VA_ARGS__>::value,                                      \
+                  "kdrio::" #name)
 
 using namespace kdrio;
 
