@@ -69,8 +69,11 @@ struct Limits
 
 /// How the pixels of images are written.
 enum class Pixels {
-    Raw,    ///< as they are: the fastest
-    Smaller ///< as PNG where a picture of that type fits into PNG and that is smaller
+    /// As they are: the fastest.
+    Raw,
+    /// As PNG where the core library holds an image of that type in PNG without loss and that is
+    /// smaller. Takes a file in the directory for temporary files, as loading it does.
+    Smaller
 };
 
 /// How a value is written.

@@ -6,12 +6,12 @@
 
 class KDRImage;
 
-/// Pixels as PNG pictures in memory, without loss. The pixels are packed by Qt's zlib, and the core
-/// library, which has files alone, is not needed.
+/// Pixels as PNG pictures, without loss. The core library makes and reads them; it has files alone,
+/// so each picture goes through one in the directory for temporary files.
 namespace kdrio::png {
 
-/// The picture of an image of unsigned elements of 8 or 16 bits; empty for all other images. Colour
-/// is stored in the order of PNG: the first of three channels of an image is the blue one.
+/// The picture of an image of unsigned elements of 8 or 16 bits; empty where the core library
+/// writes none that it reads back with the same pixels.
 QByteArray encode(KDRImage const& image);
 
 /// Makes @p image from a picture of 8 or 16 bits a channel, not interlaced and without a palette,
