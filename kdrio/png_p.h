@@ -15,8 +15,7 @@ namespace kdrio::png {
 QByteArray encode(KDRImage const& image);
 
 /// Makes @p image from a picture of 8 or 16 bits a channel, not interlaced and without a palette,
-/// of at most @p mostPixels pixels. Answers what is wrong, empty where nothing is. Of packed bytes
-/// that are damaged behind right checksums Qt warns on the console.
+/// of at most @p mostPixels pixels. Answers what is wrong, empty where nothing is.
 QString decode(QByteArray const& picture, long long mostPixels, KDRImage& image);
 
 } // namespace kdrio::png
