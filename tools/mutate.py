@@ -7,11 +7,11 @@ Works in a copy of the tree, build/mutation/tree, and never touches the tree its
 import argparse
 import collections
 import contextlib
+import hashlib
 import json
 import os
 import pathlib
 import pickle
-import random
 import re
 import resource
 import shutil
@@ -310,6 +310,16 @@ def prepare(jobs, only):
     return mutants, plain
 
 
+def drawn(mutants, count, seed):
+    """So many of the mutants, by lot. Each has its own lot, so that a change of the libraries exchanges
+    those alone that it makes and takes away."""
+
+    def lot(mutant):
+        return hashlib.sha256(f"{seed} {mutant.name}".encode()).digest()
+
+    return sorted(sorted(mutants, key=lot)[:count], key=lambda m: m.number)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--sample", type=int, metavar="N", help="try N mutants, chosen at random")
@@ -328,8 +338,7 @@ def main():
         mutants, reaching = prepare(options.jobs, options.only)
     chosen = [m for m in mutants if m.path.startswith(options.only)]
     if options.sample is not None and options.sample < len(chosen):
-        chosen = random.Random(options.seed).sample(chosen, options.sample)
-        chosen.sort(key=lambda m: m.number)
+        chosen = drawn(chosen, options.sample, options.seed)
     if options.list:
         for mutant in chosen:
             print(f"{mutant.path}:{mutant.line}: {mutant.function}: {mutant.change}")

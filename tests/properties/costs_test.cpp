@@ -8,6 +8,8 @@
 
 #include <string>
 
+#include <veldata/velvar.h>
+
 namespace {
 
 template <class Operation>
@@ -135,6 +137,20 @@ TEST(Costs, CopyingNumbersAndPointsCostsTheirRecord)
     EXPECT_LE(requestsOf([&] { KDRPoint const copy(point); }), 2);
     KDRPoint other;
     EXPECT_EQ(requestsOf([&] { other = point; }), 0);
+}
+
+TEST(Costs, AVariableOfTheCoreGivesItsTextBack)
+{
+    long const before = memory::live();
+    {
+        VelVar narrow("text");
+        VelVar wide(L"text");
+        VelVar const copies[] = {narrow, wide};
+        EXPECT_GE(memory::live(), before + 4);
+        narrow = copies[1];
+        wide = VelVar(5L);
+    }
+    EXPECT_EQ(memory::live(), before);
 }
 
 } // namespace

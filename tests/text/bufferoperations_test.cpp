@@ -294,6 +294,14 @@ TEST(BufferReplace, OfAllByTooMuchThrowsAndChangesNothing)
     EXPECT_EQ(buffer.replace('b', million).size(), 8192 + (1 << 20));
 }
 
+TEST(BufferReplace, OfNothingByAByteThrowsBeforeItReadsAByteWhereItIsTooMuch)
+{
+    static char const byte = 'x';
+    KDRBuffer buffer = KDRBuffer::fromRawData(&byte, 1 << 30);
+    EXPECT_THROW(buffer.replace("", "x"), std::bad_alloc);
+    EXPECT_EQ(buffer.size(), 1 << 30);
+}
+
 TEST(BufferSearch, NeverLooksBeforeTheFirstByte)
 {
     char const bytes[] = "xxabc";

@@ -155,6 +155,32 @@ TEST(MallocFailures, LeaveTheTextAsItWasHoweverManyStepsAReplacementTakes)
     expectAllKept(changes, KDRString("a").repeated(100), KDRString("x").repeated(200));
 }
 
+// Qt copies what lies in the text that it edits where it takes several steps.
+TEST(MallocFailures, LoseNothingWhereATextReplacesAllItsParts)
+{
+    constexpr int occurrences = 2000;
+    KDRString const start = KDRString("a").repeated(occurrences);
+    KDRString const part("a");
+    bool failed = true;
+    for (int successes = 0; failed; ++successes) {
+        long const before = memory::live();
+        {
+            KDRString text = ownCopy(start);
+            memory::FailOnce few(successes);
+            bool thrown = false;
+            try {
+                text.replace(part, text);
+            } catch (std::bad_alloc const&) {
+                thrown = true;
+            }
+            failed = few.end();
+            EXPECT_EQ(thrown, failed);
+            EXPECT_EQ(text.size(), thrown ? occurrences : occurrences * occurrences);
+        }
+        EXPECT_EQ(memory::live(), before) << successes;
+    }
+}
+
 TEST(MallocFailures, LeaveTheBytesAsTheyWere)
 {
     static Change<KDRBuffer> const changes[] = {

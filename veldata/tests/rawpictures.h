@@ -331,7 +331,7 @@ struct RawBitmap
         appendLittle(file, 1, 2);
         appendLittle(file, static_cast<unsigned>(bits), 2);
         appendLittle(file, compression, 4);
-        appendLittle(file, 0, 20);
+        file.insert(file.end(), 20, 0);
         for (unsigned i = 0; i < colours; ++i)
             appendLittle(file, i * 0x010101, 4);
         return file;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -8,6 +9,8 @@
 #include <opencv2/core.hpp>
 
 #include <jpeglib.h>
+
+#include <veldata/vellimits_p.h>
 
 #include "console.h"
 #include "imagefiles.h"
@@ -222,6 +225,25 @@ TEST(VelImageJpeg, FlatPicturesInManyScansAreReadUnlessTheirWorkIsOutOfProportio
     padded.resize(padded.size() + (4 << 20));
     EXPECT_EQ(readBytes(padded).ImageData(), nullptr);
     EXPECT_EQ(console.caught(), "");
+}
+
+/// Rows that are given out in the end are no work in proportion to the file.
+TEST(VelImageJpeg, TheBlocksOfScansCountAndNothingElse)
+{
+    constexpr int side = 3000;
+    constexpr std::uint64_t scanBlocks = std::uint64_t{side / 8} * (side / 8);
+    std::size_t const once = flatPicture(side, 1).size();
+    std::size_t const scanBytes = flatPicture(side, 2).size() - once;
+    auto const isInProportion = [&](int times) {
+        auto const more = static_cast<std::uint64_t>(times - 1);
+        return scanBlocks * (more + 2) <=
+               vellimits::jpegFreeBlocks + vellimits::jpegBlocksPerByte * (once + scanBytes * more);
+    };
+    int most = 1;
+    while (isInProportion(most + 1))
+        ++most;
+    EXPECT_EQ(readBytes(flatPicture(side, most - 1)).Width(), side) << most;
+    EXPECT_EQ(readBytes(flatPicture(side, most + 2)).ImageData(), nullptr) << most;
 }
 
 } // namespace

@@ -174,6 +174,19 @@ TEST_F(VelImageReplace, ChainsOfSymbolicLinksLeadToTheFile)
     EXPECT_EQ(directory.entries().size(), 2u);
 }
 
+TEST_F(VelImageReplace, ASymbolicLinkWithAWholePathLeadsToTheFile)
+{
+    std::filesystem::create_directory(directory.path("deep"));
+    std::string const target = oldFile("deep/target.png");
+    ASSERT_TRUE(std::filesystem::path(target).is_absolute());
+    std::filesystem::create_symlink(target, directory.path("link.png"));
+    int const answer = inChild(
+        [&] { return ::chdir(directory.path(".").c_str()) == 0 && savesTo("link.png") ? 1 : 0; });
+    EXPECT_EQ(answer, 1);
+    EXPECT_EQ(std::filesystem::read_symlink(directory.path("link.png")), target);
+    EXPECT_TRUE(holdsTheNew(target));
+}
+
 TEST_F(VelImageReplace, ADanglingSymbolicLinkIsFollowedToWhereItPoints)
 {
     std::filesystem::create_directory(directory.path("deep"));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -157,6 +158,21 @@ TEST(VelImageSave, TiffIsUncompressedForEffortZeroOnly)
     EXPECT_GT(std::filesystem::file_size(path), 10000u);
     EXPECT_EQ(image.SaveImage(path.c_str(), 1), 1);
     EXPECT_LT(std::filesystem::file_size(path), 5000u);
+}
+
+TEST(VelImageSave, TiffIsCompressedForValuesOfOneAndTwoBytes)
+{
+    TemporaryDirectory const directory;
+    std::string const path = directory.path("image.tiff");
+    for (int type : {VEL_8U, VEL_8S, VEL_16U, VEL_16S, VEL_32S, VEL_32F, VEL_64F}) {
+        VelImage const image(nullptr, 100, 100, 1, 0, type);
+        auto const pixelBytes = static_cast<std::uintmax_t>(image.Step()) * 100;
+        EXPECT_EQ(image.SaveImage(path.c_str(), 9), 1);
+        if (image.Step() <= 200)
+            EXPECT_LT(std::filesystem::file_size(path), pixelBytes / 2) << type;
+        else
+            EXPECT_GT(std::filesystem::file_size(path), pixelBytes) << type;
+    }
 }
 
 TEST(VelImageSave, EffortOutsideItsRangeIsClamped)

@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -57,6 +58,19 @@ TEST(VelImageVariants, TheSideInformationOfAPngDoesNotMatter)
     png.behindPixels = {chunkOf("zTXt", {'a', 0, 0, 1}), chunkOf("tIME", {0})};
     Console console;
     EXPECT_EQ(readBytes(png.bytes()).Width(), 8);
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// The reader's window takes 64 KiB of the file at a time.
+TEST(VelImageVariants, TheSideInformationOfAPngHasAnyLength)
+{
+    Console console;
+    cv::Mat const plain = decoded(RawPng().bytes());
+    for (std::size_t size : {0U, 1U, 65000U, 65536U, 100000U, 200000U}) {
+        RawPng png;
+        png.behindHeader = {chunkOf("tEXt", Bytes(size, 'x'))};
+        EXPECT_TRUE(same(viewOf(readBytes(png.bytes())), plain)) << size;
+    }
     EXPECT_EQ(console.caught(), "");
 }
 
@@ -136,6 +150,63 @@ TEST(VelImageVariants, ATiffFieldOfAnImpossibleValueRefusesTheFileInSilence)
              {fillOrder, 1}, {planes, 1}, {resolutionUnit, 2}, {thresholding, 7}, {predictor, 1}}) {
         Changes const possible = {{tag, {3, value}}};
         EXPECT_EQ(readBytes(tiffOf({8, 8, 8, possible})).Width(), 8) << tag;
+    }
+    EXPECT_EQ(console.caught(), "");
+}
+
+/// More rows of indexes than are looked up at a time.
+TEST(VelImageVariants, ALargeBitmapWithAPaletteIsReadToItsLastRow)
+{
+    cv::Mat indexes(500, 300, CV_8UC1);
+    cv::randu(indexes, 0, 256);
+    Bytes bytes = encoded(".bmp", indexes);
+    constexpr std::size_t paletteAt = 54;
+    ASSERT_GT(bytes.size(), paletteAt + 4 * 256 + indexes.total() - 1);
+    for (std::size_t i = 0; i < 256; ++i)
+        bytes[paletteAt + 4 * i] = static_cast<unsigned char>(255 - i);
+    cv::Mat colours;
+    cv::Mat const inverted = 255 - indexes;
+    cv::merge(std::vector<cv::Mat>{inverted, indexes, indexes}, colours);
+    EXPECT_TRUE(same(viewOf(readBytes(bytes)), colours));
+}
+
+/// More rows with bytes behind them than one read brings.
+TEST(VelImageVariants, BitmapsOfManyRowsAreReadToTheLastOne)
+{
+    for (int rows : {255, 256, 257, 300, 512, 600}) {
+        cv::Mat colours(rows, 13, CV_8UC3);
+        cv::randu(colours, 0, 256);
+        EXPECT_TRUE(same(viewOf(readBytes(encoded(".bmp", colours))), colours)) << rows;
+    }
+}
+
+TEST(VelImageVariants, ColoursThatABitmapWithoutAPaletteAnnouncesDoNotMatter)
+{
+    cv::Mat const colours = picture(CV_8UC3);
+    Bytes bytes = encoded(".bmp", colours);
+    constexpr std::size_t countAt = 46;
+    for (int const count : {1, 255}) {
+        bytes[countAt] = bytes[countAt + 1] = static_cast<unsigned char>(count);
+        EXPECT_TRUE(same(viewOf(readBytes(bytes)), colours)) << count;
+    }
+}
+
+TEST(VelImageVariants, MasksInABitmapCountWhereItsHeaderHasAndNamesThem)
+{
+    RawBitmap const bitmap{8, 8, 32, 3};
+    Bytes bytes = bitmap.header();
+    for (std::uint32_t const mask : {0x00FF0000U, 0x0000FF00U, 0x000000FFU, 0xFF000000U})
+        appendLittle(bytes, mask, 4);
+    bytes.resize(bytes.size() + bitmap.pixelBytes(), 5);
+    constexpr std::size_t pixelsAt = 10, sizeAt = 14, compressionAt = 30;
+    bytes[pixelsAt] = 54 + 16;
+    Console console;
+    EXPECT_EQ(readBytes(bytes).ImageData(), nullptr);
+    bytes[sizeAt] = 56;
+    EXPECT_EQ(readBytes(bytes).Channels(), 4);
+    for (int const compression : {1, 2, 4, 5, 6}) {
+        bytes[compressionAt] = static_cast<unsigned char>(compression);
+        EXPECT_EQ(readBytes(bytes).ImageData(), nullptr) << compression;
     }
     EXPECT_EQ(console.caught(), "");
 }

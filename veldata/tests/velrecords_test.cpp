@@ -17,6 +17,7 @@
 #include <veldata/veldata.h>
 #include <veldata/velmodelrecord_p.h>
 
+#include "guarded.h"
 #include "sanitized.h"
 
 namespace {
@@ -183,6 +184,16 @@ TEST(VelMatchModel, ARecordsHeadIsAsLongAsItSays)
     EXPECT_EQ(bytes.back(), 0xA5);
     bytes.pop_back();
     EXPECT_EQ(bytes, record(7, 3, {}));
+}
+
+TEST(VelMatchModel, NothingBehindTheHeadOfARecordWithoutPayloadIsRead)
+{
+    Bytes const bytes = record(7, {});
+    Guarded<unsigned char> const guarded(bytes.data(), bytes.size());
+    VelModelRecord head{};
+    EXPECT_TRUE(head.read(guarded.data()));
+    EXPECT_EQ(head.type, 7);
+    EXPECT_EQ(head.payloadBytes, 0u);
 }
 
 TEST(VelMatchModel, CopiesAreDeep)

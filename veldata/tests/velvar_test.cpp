@@ -9,6 +9,8 @@
 
 #include <veldata/velvar.h>
 
+#include "guarded.h"
+
 namespace {
 
 static_assert(std::is_nothrow_move_constructible<VelVar>::value, "arrays move variables");
@@ -68,6 +70,14 @@ TEST(VelVar, TextIsCopiedFromTheCaller)
     wide = L"after!";
     EXPECT_STREQ(narrowVar.S(), "before");
     EXPECT_STREQ(wideVar.WS(), L"before");
+}
+
+TEST(VelVar, NothingBehindATextIsRead)
+{
+    Guarded<char> const narrow("text", 5);
+    EXPECT_STREQ(VelVar(narrow.data()).S(), "text");
+    Guarded<wchar_t> const wide(L"text", 5);
+    EXPECT_STREQ(VelVar(wide.data()).WS(), L"text");
 }
 
 TEST(VelVar, IntegerReadAsFloatingIsConverted)
