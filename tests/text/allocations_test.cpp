@@ -161,4 +161,15 @@ TEST(TextAllocations, AFailedReplacementLeavesTheText)
     EXPECT_EQ(text, KDRString("text"));
 }
 
+TEST(BufferSizes, TwoThatFitMayBeTooMuchTogether)
+{
+    KDRBuffer buffer;
+    buffer.resize((1 << 30) + 1); // takes no memory till written
+    for (int const at : {0, 1})
+        EXPECT_THROW(buffer.insert(at, buffer), std::bad_alloc) << at;
+    EXPECT_THROW(buffer.append(buffer), std::bad_alloc);
+    EXPECT_THROW(buffer.prepend(buffer), std::bad_alloc);
+    EXPECT_EQ(buffer.size(), (1 << 30) + 1);
+}
+
 } // namespace
