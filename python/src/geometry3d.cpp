@@ -1,0 +1,7 @@
+#include "module.h"
+
+namespace kdrpython {
+
+void bindGeometry3d(py::module_&) {}
+
+} // namespace kdrpython
