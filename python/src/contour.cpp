@@ -35,10 +35,12 @@ std::string described(KDRContour const& contour)
 
 void bindContour(py::module_& m)
 {
-    py::class_<KDRContour> contour(m, "Contour", "An ordered outline of points, which does not change.");
+    py::class_<KDRContour> contour(m, "Contour",
+                                   "An ordered outline of points, which does not change.");
     contour.def(py::init<>(), "A contour without points.")
         .def(py::init(&through), py::arg("points"),
-             "The contour through points: a PointArray, an array of the shape (n, 2) or a sequence of "
+             "The contour through points: a PointArray, an array of the shape (n, 2) or a sequence "
+             "of "
              "points.")
         .def_property_readonly("points", &pointsOf, "A copy of the points.")
         .def_property_readonly("perimeter", &KDRContour::perimeter,
@@ -56,9 +58,7 @@ void bindContour(py::module_& m)
         .def("__repr__", &described)
         .def(
             "_repr_html_",
-            [](KDRContour const& self) {
-                return htmlOf({page::polygonOf(self)}, described(self));
-            },
+            [](KDRContour const& self) { return htmlOf({page::polygonOf(self)}, described(self)); },
             "For notebooks: the outline, drawn.");
     bindEquality(contour);
     bindPickling(contour);

@@ -7,8 +7,7 @@ namespace kdrpython {
 
 namespace {
 
-constexpr char const* names[] = {"uint8", "int8",    "uint16", "int16",
-                                 "int32", "float32", "float64"};
+constexpr char const* names[] = {"uint8", "int8", "uint16", "int16", "int32", "float32", "float64"};
 
 } // namespace
 
@@ -30,7 +29,7 @@ int codeOf(py::handle dtype)
     for (char const* name : names)
         all += std::string(all.empty() ? "" : ", ") + name;
     throw py::value_error("elements are of the types " + all + ", not " +
-                          py::str(wanted).cast<std::string>());
+                          py::str(py::handle(wanted)).cast<std::string>());
 }
 
 py::array viewOver(int code, py::array::ShapeContainer shape, py::array::StridesContainer strides,

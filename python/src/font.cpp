@@ -24,9 +24,9 @@ KDRFont made(py::object const& faceName, long size, py::object const& weight, bo
 
 std::string described(KDRFont& font)
 {
-    std::string text =
-        "Font(" + py::repr(toPython(font.faceName())).cast<std::string>() +
-        ", size=" + std::to_string(font.size()) + ", weight=" + std::to_string(font.weight());
+    std::string text = "Font(" + py::repr(toPython(font.faceName())).cast<std::string>() +
+                       ", size=" + std::to_string(font.size()) +
+                       ", weight=" + std::to_string(font.weight());
     if (font.bold())
         text += ", bold=True";
     auto const flag = [&text](char const* name, int value) {
@@ -43,7 +43,8 @@ std::string described(KDRFont& font)
 
 void bindFont(py::module_& m)
 {
-    py::class_<KDRFont> font(m, "Font", "The face name, size, weight and style of a text that is drawn as a shape.");
+    py::class_<KDRFont> font(
+        m, "Font", "The face name, size, weight and style of a text that is drawn as a shape.");
     font.def(py::init(&made), py::arg("face_name") = "", py::arg("size") = 24,
              py::arg("weight") = py::none(), py::arg("bold") = false, py::arg("italic") = 0,
              py::arg("underline") = 0, py::arg("strike_out") = 0,

@@ -61,7 +61,8 @@ Extent extentOf(py::array const& array)
     constexpr py::ssize_t most = 1 << 30;
     bool const isPlane = array.ndim() == 2;
     if (!isPlane && array.ndim() != 3)
-        throw py::value_error("an image has the shape (height, width) or (height, width, channels)");
+        throw py::value_error(
+            "an image has the shape (height, width) or (height, width, channels)");
     py::ssize_t const channels = isPlane ? 1 : array.shape(2);
     if (array.size() == 0 || channels > mostChannels || array.shape(0) > most ||
         array.shape(1) > most)
@@ -109,8 +110,7 @@ KDRImage fromArray(py::object const& array, bool copy)
 
 [[noreturn]] void raiseFileError(std::string const& what, py::handle path)
 {
-    PyErr_SetString(PyExc_OSError,
-                    (what + ": " + py::str(path).cast<std::string>()).c_str());
+    PyErr_SetString(PyExc_OSError, (what + ": " + py::str(path).cast<std::string>()).c_str());
     throw py::error_already_set();
 }
 
@@ -162,7 +162,7 @@ std::string described(KDRImage const& image)
     return "<kdrdata.Image " + std::to_string(image.width()) + " x " +
            std::to_string(image.height()) + ", " + std::to_string(image.channel()) +
            (image.channel() == 1 ? " channel, " : " channels, ") +
-           py::str(dtypeOf(image.depth())).cast<std::string>() + ">";
+           py::str(py::handle(dtypeOf(image.depth()))).cast<std::string>() + ">";
 }
 
 } // namespace
@@ -185,15 +185,18 @@ is written through to the image and all that share its pixels, and it keeps the 
         .def(py::init(&created), py::arg("width"), py::arg("height"), py::arg("channels") = 1,
              py::arg("dtype") = "uint8",
              "An image of zeroed pixels. MemoryError where there is no room for it.")
-        .def_static("read", &readFrom, py::arg("path"),
-                    R"(The image in a file (PNG, JPEG, TIFF, BMP, PNM), with the bit depth and the channels that
+        .def_static(
+            "read", &readFrom, py::arg("path"),
+            R"(The image in a file (PNG, JPEG, TIFF, BMP, PNM), with the bit depth and the channels that
 the file holds, unrotated. OSError where there is none that can be read; floating-point pixels
 are not.)")
-        .def("save", &saveTo, py::arg("path"), py::arg("effort") = 6,
-             R"(Writes the image to a file, completely or not at all. The extension of the name tells the
+        .def(
+            "save", &saveTo, py::arg("path"), py::arg("effort") = 6,
+            R"(Writes the image to a file, completely or not at all. The extension of the name tells the
 format; the effort is from 0, fast, to 9, small. OSError where that fails.)")
-        .def_static("from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
-                    R"(An image with the elements of an array of the shape (height, width) or (height, width,
+        .def_static(
+            "from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
+            R"(An image with the elements of an array of the shape (height, width) or (height, width,
 channels) as pixels. Without a copy the image is in the memory of the array, keeps it alive and
 is written through to it; ValueError where that cannot be, as with arrays that are read-only or
 whose rows are not packed.)")

@@ -97,7 +97,7 @@ std::string described(KDRMatrix const& matrix)
 {
     return "<kdrdata.Matrix " + std::to_string(matrix.rows()) + " x " +
            std::to_string(matrix.cols()) + ", " +
-           py::str(dtypeOf(matrix.type())).cast<std::string>() + ">";
+           py::str(py::handle(dtypeOf(matrix.type()))).cast<std::string>() + ">";
 }
 
 } // namespace
@@ -115,8 +115,9 @@ to the matrix and keeps it alive.
     matrix.def(py::init<>(), "A matrix without rows and columns.")
         .def(py::init(&created), py::arg("rows"), py::arg("columns"), py::arg("dtype") = "float64",
              "A matrix of zeros. MemoryError where there is no room for it.")
-        .def_static("from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
-                    R"(A matrix with the elements of an array of the shape (rows, columns). Without a copy the
+        .def_static(
+            "from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
+            R"(A matrix with the elements of an array of the shape (rows, columns). Without a copy the
 matrix is in the memory of the array, keeps it alive and is written through to it; ValueError
 where that cannot be, as with arrays that are read-only or whose rows are not packed.)")
         .def_property_readonly("rows", &KDRMatrix::rows, "The number of rows.")
@@ -125,8 +126,7 @@ where that cannot be, as with arrays that are read-only or whose rows are not pa
             "dtype", [](KDRMatrix const& self) { return dtypeOf(self.type()); },
             "NumPy's type of the elements.")
         .def_property_readonly(
-            "shape",
-            [](KDRMatrix const& self) { return py::make_tuple(self.rows(), self.cols()); },
+            "shape", [](KDRMatrix const& self) { return py::make_tuple(self.rows(), self.cols()); },
             "The rows and the columns.")
         .def(
             "clone", [](KDRMatrix const& self) { return std::make_unique<KDRMatrix>(self); },
@@ -149,7 +149,8 @@ where that cannot be, as with arrays that are read-only or whose rows are not pa
         .def("__repr__", &described);
     bindEquality(matrix);
     bindPickling(matrix);
-    bindSequence<KDRMatrixArray, KDRMatrix>(m, "MatrixArray", "A list of matrices, copied in and out.");
+    bindSequence<KDRMatrixArray, KDRMatrix>(m, "MatrixArray",
+                                            "A list of matrices, copied in and out.");
 }
 
 } // namespace kdrpython

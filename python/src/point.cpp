@@ -81,8 +81,8 @@ std::string described(KDRPoint const& point)
 
 void bindPoints(py::module_& m)
 {
-    py::class_<KDRPointArray> points =
-        bindSequence<KDRPointArray, KDRPoint>(m, "PointArray", R"(A list of points, of which it keeps the coordinates alone.
+    py::class_<KDRPointArray> points = bindSequence<KDRPointArray, KDRPoint>(
+        m, "PointArray", R"(A list of points, of which it keeps the coordinates alone.
 
 Pairs of numbers are taken for points. ``PointArray(array)`` and ``numpy.asarray(points)`` copy
 coordinates from and to arrays of the shape (n, 2).)");
@@ -149,7 +149,9 @@ py::array copiedFor(KDRPointArray const& points, py::handle dtype, py::handle co
 
 void bindPoint(py::module_& m)
 {
-    py::class_<KDRPoint> point(m, "Point", R"(A point in image coordinates (pixels, x to the right, y down) with an editing range per axis.
+    py::class_<KDRPoint> point(
+        m, "Point",
+        R"(A point in image coordinates (pixels, x to the right, y down) with an editing range per axis.
 
 The ranges are what a user interface offers. They are carried and never tested against the
 coordinates.

@@ -1,0 +1,7 @@
+#include "module.h"
+
+namespace kdrpython {
+
+void bindIo(py::module_&) {}
+
+} // namespace kdrpython

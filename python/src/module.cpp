@@ -1,0 +1,29 @@
+#include "module.h"
+
+#include <kdrdata/kdrversion.h>
+
+PYBIND11_MODULE(_kdrdata, m)
+{
+    using namespace kdrpython;
+
+    m.doc() = "The classes of the package kdrdata.";
+    m.attr("__version__") = KDRDATA_VERSION_STRING;
+    // Classes say that they are the package's, which is where users and pickle find them.
+    auto const name = m.attr("__name__");
+    m.attr("__name__") = "kdrdata";
+    bindErrors(m);
+    bindText(m);
+    bindScalars(m);
+    bindPoint(m);
+    bindMatrix(m);
+    bindImage(m);
+    bindRegion(m);
+    bindContour(m);
+    bindFont(m);
+    bindShape(m);
+    bindModels(m);
+    bindGeometry3d(m);
+    bindVariant(m);
+    bindIo(m);
+    m.attr("__name__") = name;
+}

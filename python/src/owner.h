@@ -1,0 +1,25 @@
+#ifndef KDRDATA_PYTHON_OWNER_H
+#define KDRDATA_PYTHON_OWNER_H
+
+#include "module.h"
+
+namespace kdrpython {
+
+/// Takes a share of a Python object for memory of its that the core library works on: what to give
+/// as `owner` where releaseOwner() is given as `release`. Called with the interpreter's lock.
+void* ownerOf(py::handle object) noexcept;
+
+/// Gives that share back, in whichever thread, and leaves it where the interpreter has ended.
+void releaseOwner(void* owner) noexcept;
+
+/// An array of NumPy or another object that keeps @p value for as long as it lives: a capsule to be
+/// given as the base of an array over memory that @p value holds.
+template <class Class>
+py::capsule keeping(Class const& value)
+{
+    return py::capsule(new Class(value), [](void* kept) { delete static_cast<Class*>(kept); });
+}
+
+} // namespace kdrpython
+
+#endif

@@ -1,0 +1,7 @@
+#include "sequence.h"
+
+namespace kdrpython {
+
+void bindScalars(py::module_&) {}
+
+} // namespace kdrpython

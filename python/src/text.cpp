@@ -1,0 +1,296 @@
+#include "text.h"
+
+#include "errors.h"
+#include "owner.h"
+#include "pickling.h"
+#include "sequence.h"
+
+#include <kdrdata/text/kdrbufferarray.h>
+#include <kdrdata/text/kdrchar.h>
+#include <kdrdata/text/kdrstringarray.h>
+#include <kdrio/inside_p.h>
+
+#include <limits>
+
+namespace kdrpython {
+
+namespace {
+
+// Python's own codec, which keeps unpaired surrogates.
+QString fromPython(py::str const& text)
+{
+    // The string is short, in ASCII or not, and then in the form that Python keeps.
+    if (PyUnicode_IS_ASCII(text.ptr()))
+        return QString::fromLatin1(reinterpret_cast<char const*>(PyUnicode_1BYTE_DATA(text.ptr())),
+                                   static_cast<int>(PyUnicode_GET_LENGTH(text.ptr())));
+    auto const units = py::reinterpret_steal<py::bytes>(
+        PyUnicode_AsEncodedString(text.ptr(), "utf-16-le", "surrogatepass"));
+    if (!units)
+        throw py::error_already_set();
+    // Made from code units as they are: a byte order mark is text here.
+    return QString(reinterpret_cast<QChar const*>(PyBytes_AS_STRING(units.ptr())),
+                   static_cast<int>(PyBytes_GET_SIZE(units.ptr()) / 2));
+}
+
+void mustBeCountable(py::ssize_t length)
+{
+    if (length > std::numeric_limits<int>::max() / 2)
+        throw std::bad_alloc();
+}
+
+KDRBuffer bufferOf(py::buffer const& bytes)
+{
+    Py_buffer view{};
+    if (PyObject_GetBuffer(bytes.ptr(), &view, PyBUF_CONTIG_RO) != 0)
+        throw py::error_already_set();
+    auto const release = std::unique_ptr<Py_buffer, void (*)(Py_buffer*)>(&view, PyBuffer_Release);
+    if (view.len > std::numeric_limits<int>::max() - 64)
+        throw std::bad_alloc();
+    return KDRBuffer(view.len > 0 ? static_cast<char const*>(view.buf) : "",
+                     static_cast<int>(view.len));
+}
+
+void bindString(py::module_& m)
+{
+    py::class_<KDRString> cls(m, "String", R"(A text, or null, which is no text at all.
+
+str(text) gives it to Python; null reads as "" there. Operations that take a text take str, too, and
+None for null. Texts are what texts are: equal where the characters are, null and empty among them.)");
+    cls.def(py::init([](py::object const& text) { return toString(text, "String"); }),
+            py::arg("text") = py::none(), "The text; null where there is none.");
+    cls.def_property_readonly("is_null", &KDRString::isNull, "Whether there is no text at all.");
+    cls.def_property_readonly(
+        "value", [](KDRString const& self) { return toPython(self); },
+        "The text as str, None where it is null.");
+    cls.def("__str__", [](KDRString const& self) {
+        return self.isNull() ? py::object(py::str("")) : toPython(self);
+    });
+    cls.def("__repr__", [](KDRString const& self) {
+        return "String(" + std::string(py::repr(toPython(self))) + ')';
+    });
+    cls.def(
+        "__len__", [](KDRString const& self) { return py::len(py::str(py::cast(self))); },
+        "The number of characters.");
+    cls.def(
+        "__eq__",
+        [](KDRString const& self, py::object const& other) -> py::object {
+            if (!py::isinstance<KDRString>(other) && !py::isinstance<py::str>(other))
+                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+            return py::bool_(self == toString(other, "String"));
+        },
+        py::arg("other"));
+    cls.def("__hash__", [](KDRString const& self) {
+        return py::hash(self.isNull() ? py::object(py::str("")) : toPython(self));
+    });
+    bindPickling(cls);
+}
+
+// A view of the bytes that keeps them: the handle's share of them is all that is needed.
+class BytesView
+{
+public:
+    explicit BytesView(KDRBuffer const& bytes) : kept(bytes) {}
+
+    py::buffer_info info() const
+    {
+        KDRBuffer const& bytes = kept;
+        return {const_cast<char*>(bytes.constData()),
+                1,
+                py::format_descriptor<unsigned char>::format(),
+                1,
+                {static_cast<py::ssize_t>(bytes.size())},
+                {1},
+                true};
+    }
+
+private:
+    KDRBuffer kept;
+};
+
+void bindBuffer(py::module_& m)
+{
+    // Only for views; nobody makes one.
+    py::class_<BytesView>(m, "_BytesView", py::buffer_protocol()).def_buffer(&BytesView::info);
+
+    py::class_<KDRBuffer> cls(m, "Buffer", py::buffer_protocol(), R"(Bytes, or null.
+
+bytes(buffer), memoryview(buffer) and numpy.frombuffer(buffer, ...) read them; views do so where they
+are and keep them.)");
+    cls.def(py::init([](py::object const& bytes) { return toBuffer(bytes, "Buffer"); }),
+            py::arg("data") = py::none(), "A copy of the bytes; null where there are none.");
+    cls.def_buffer([](KDRBuffer const& self) { return BytesView(self).info(); });
+    cls.def_property_readonly("is_null", &KDRBuffer::isNull, "Whether there are no bytes at all.");
+    cls.def_property_readonly(
+        "value", [](KDRBuffer const& self) { return toPython(self); },
+        "A copy as bytes, None where they are null.");
+    cls.def(
+        "view", [](KDRBuffer const& self) { return py::memoryview(py::cast(BytesView(self))); },
+        "A view of the bytes, read-only, which stays what it is.");
+    cls.def("__bytes__", [](KDRBuffer const& self) {
+        return py::bytes(self.constData(), static_cast<std::size_t>(self.size()));
+    });
+    cls.def("__len__", [](KDRBuffer const& self) { return self.size(); });
+    cls.def("__repr__", [](KDRBuffer const& self) {
+        constexpr int shown = 32;
+        if (self.isNull())
+            return std::string("Buffer(None)");
+        KDRBuffer const first = self.left(shown);
+        std::string const text =
+            py::repr(py::bytes(first.constData(), static_cast<std::size_t>(first.size())));
+        return "Buffer(" + text +
+               (self.size() > shown ? ", ... " + std::to_string(self.size()) + " in all)" : ")");
+    });
+    cls.def(
+        "__eq__",
+        [](KDRBuffer const& self, py::object const& other) -> py::object {
+            if (!py::isinstance<KDRBuffer>(other) && !py::isinstance<py::bytes>(other))
+                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+            return py::bool_(kdrio::inside::bytes(self) ==
+                             kdrio::inside::bytes(toBuffer(other, "Buffer")));
+        },
+        py::arg("other"));
+    cls.def("__hash__", [](KDRBuffer const& self) {
+        return py::hash(py::bytes(self.constData(), static_cast<std::size_t>(self.size())));
+    });
+    bindPickling(cls);
+}
+
+void bindChar(py::module_& m)
+{
+    py::class_<KDRChar> cls(m, "Char", R"(One code unit of a text in UTF-16.)");
+    cls.def(py::init<>(), "The character of the code 0.");
+    cls.def(py::init([](py::str const& text) {
+                QString const units = fromPython(text);
+                if (units.size() != 1)
+                    throw py::value_error("Char takes a text of one code unit");
+                return KDRChar(static_cast<unsigned short>(units.at(0).unicode()));
+            }),
+            py::arg("text"), "The character of a text of one.");
+    cls.def(py::init([](int code) {
+                if (code < 0 || code > std::numeric_limits<unsigned short>::max())
+                    throw py::value_error("Char takes a code from 0 to 65535");
+                return KDRChar(static_cast<unsigned short>(code));
+            }),
+            py::arg("code"), "The character of a code.");
+    cls.def_property_readonly(
+        "code", [](KDRChar const& self) { return self.unicode(); }, "The code, 0 to 65535.");
+    auto const text = [](KDRChar const& self) { return toPython(KDRString(self)); };
+    cls.def("__str__", text);
+    cls.def("__repr__", [text](KDRChar const& self) {
+        return "Char(" + std::string(py::repr(text(self))) + ')';
+    });
+    cls.def(
+        "__eq__",
+        [](KDRChar const& self, py::object const& other) -> py::object {
+            if (!py::isinstance<KDRChar>(other))
+                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+            return py::bool_(self.unicode() == other.cast<KDRChar const&>().unicode());
+        },
+        py::arg("other"));
+    cls.def("__hash__", [](KDRChar const& self) { return py::hash(py::int_(self.unicode())); });
+    bindPickling(cls);
+}
+
+} // namespace
+
+template <>
+struct Item<KDRString>
+{
+    static py::object toPython(std::unique_ptr<KDRString> value)
+    {
+        return kdrpython::toPython(*value);
+    }
+    static KDRString fromPython(py::handle value, std::string const& array)
+    {
+        return toString(value, array);
+    }
+    static bool equal(KDRString const& one, KDRString const& other)
+    {
+        return one == other && one.isNull() == other.isNull();
+    }
+};
+
+template <>
+struct Item<KDRBuffer>
+{
+    static py::object toPython(std::unique_ptr<KDRBuffer> value)
+    {
+        return kdrpython::toPython(*value);
+    }
+    static KDRBuffer fromPython(py::handle value, std::string const& array)
+    {
+        return toBuffer(value, array);
+    }
+    static bool equal(KDRBuffer const& one, KDRBuffer const& other)
+    {
+        return kdrio::inside::bytes(one) == kdrio::inside::bytes(other) &&
+               one.isNull() == other.isNull();
+    }
+};
+
+py::object toPython(KDRString const& text)
+{
+    if (text.isNull())
+        return py::none();
+    QString const& units = kdrio::inside::text(text);
+    int order = -1;
+    PyObject* const made =
+        PyUnicode_DecodeUTF16(reinterpret_cast<char const*>(units.utf16()),
+                              static_cast<py::ssize_t>(units.size()) * 2, "surrogatepass", &order);
+    if (!made)
+        throw py::error_already_set();
+    return py::reinterpret_steal<py::object>(made);
+}
+
+std::string textOf(KDRString const& text) { return kdrio::inside::text(text).toStdString(); }
+
+KDRString toString(py::handle text, std::string const& where)
+{
+    if (text.is_none())
+        return KDRString();
+    if (py::isinstance<KDRString>(text))
+        return text.cast<KDRString const&>();
+    if (!py::isinstance<py::str>(text))
+        raiseWrongType(where, "a text", text);
+    auto const given = py::reinterpret_borrow<py::str>(text);
+    mustBeCountable(PyUnicode_GET_LENGTH(given.ptr()));
+    QString units = fromPython(given);
+    return kdrio::inside::fromText(units.isNull() ? QString(QLatin1String("")) : units);
+}
+
+py::object toPython(KDRBuffer const& bytes)
+{
+    if (bytes.isNull())
+        return py::none();
+    return py::bytes(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+KDRBuffer toBuffer(py::handle bytes, std::string const& where)
+{
+    if (bytes.is_none())
+        return KDRBuffer();
+    if (py::isinstance<KDRBuffer>(bytes))
+        return bytes.cast<KDRBuffer const&>();
+    if (!PyObject_CheckBuffer(bytes.ptr()))
+        raiseWrongType(where, "bytes", bytes);
+    return bufferOf(py::reinterpret_borrow<py::buffer>(bytes));
+}
+
+KDRString toPath(py::handle path)
+{
+    auto const name = py::module_::import("os").attr("fsdecode")(path);
+    return toString(name, "a name of a file");
+}
+
+void bindText(py::module_& m)
+{
+    bindString(m);
+    bindBuffer(m);
+    bindChar(m);
+    bindSequence<KDRStringArray, KDRString>(
+        m, "StringArray", "A list of texts: its elements are str, or None for null.");
+    bindSequence<KDRBufferArray, KDRBuffer>(
+        m, "BufferArray", "A list of bytes: its elements are bytes, or None for null.");
+}
+
+} // namespace kdrpython
