@@ -12,8 +12,9 @@ from collections.abc import MutableSequence as _MutableSequence
 from . import _kdrdata
 from ._kdrdata import *  # noqa: F401,F403
 from ._kdrdata import __version__
+from ._kinds import Kind
 
-__all__ = sorted(name for name in vars(_kdrdata) if not name.startswith("_"))
+__all__ = sorted(["Kind", *(name for name in vars(_kdrdata) if not name.startswith("_"))])
 
 
 def _restored(cls, data, pictures):
@@ -25,7 +26,7 @@ def _register_sequences():
     """Gives every list its place among Python's sequences, with the methods they have in common."""
     given = ("__contains__", "__iter__", "__reversed__", "__iadd__", "index", "count", "pop", "remove", "reverse")
     for name in __all__:
-        cls = getattr(_kdrdata, name)
+        cls = globals()[name]
         if isinstance(cls, type) and getattr(cls, "_is_sequence", False):
             for method in given:
                 if method not in vars(cls):

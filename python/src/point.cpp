@@ -16,26 +16,6 @@
 
 namespace kdrpython {
 
-template <>
-struct Item<KDRPoint>
-{
-    static py::object toPython(std::unique_ptr<KDRPoint> value)
-    {
-        return py::cast(std::move(value));
-    }
-    static KDRPoint fromPython(py::handle value, std::string const& array)
-    {
-        return toPoint(value, array);
-    }
-    /// Points in a list have no ranges.
-    static bool equal(KDRPoint const& one, KDRPoint const& other)
-    {
-        double const first[] = {one.x(), one.y()};
-        double const second[] = {other.x(), other.y()};
-        return std::memcmp(first, second, sizeof first) == 0;
-    }
-};
-
 namespace {
 
 bool isPair(py::handle value)
@@ -73,10 +53,52 @@ KDRPointArray pointsIn(py::array const& array)
     return points;
 }
 
+std::string numberText(double value) { return py::repr(py::float_(value)).cast<std::string>(); }
+
+} // namespace
+
+template <>
+struct Item<KDRPoint>
+{
+    static py::object toPython(std::unique_ptr<KDRPoint> value)
+    {
+        return py::cast(std::move(value));
+    }
+    static KDRPoint fromPython(py::handle value, std::string const& array)
+    {
+        return toPoint(value, array);
+    }
+    /// Points in a list have no ranges.
+    static bool equal(KDRPoint const& one, KDRPoint const& other)
+    {
+        double const first[] = {one.x(), one.y()};
+        double const second[] = {other.x(), other.y()};
+        return std::memcmp(first, second, sizeof first) == 0;
+    }
+    static std::string inBrief(py::handle element)
+    {
+        auto const& point = element.cast<KDRPoint const&>();
+        return "(" + numberText(point.x()) + ", " + numberText(point.y()) + ")";
+    }
+};
+
+template <>
+struct Whole<KDRPointArray>
+{
+    static bool take(py::handle values, KDRPointArray& array, std::string const&)
+    {
+        if (!py::isinstance<py::array>(values))
+            return false;
+        array = pointsIn(py::reinterpret_borrow<py::array>(values));
+        return true;
+    }
+};
+
+namespace {
+
 std::string described(KDRPoint const& point)
 {
-    return "Point(" + py::repr(py::float_(point.x())).cast<std::string>() + ", " +
-           py::repr(py::float_(point.y())).cast<std::string>() + ")";
+    return "Point(" + numberText(point.x()) + ", " + numberText(point.y()) + ")";
 }
 
 void bindPoints(py::module_& m)
@@ -86,15 +108,8 @@ void bindPoints(py::module_& m)
 
 Pairs of numbers are taken for points. ``PointArray(array)`` and ``numpy.asarray(points)`` copy
 coordinates from and to arrays of the shape (n, 2).)");
-    points
-        .def(py::init(&pointsIn), py::arg("array"), py::prepend(),
-             "A list of the points of an array of the shape (n, 2).")
-        .def(
-            "extend",
-            [](KDRPointArray& self, py::array const& array) { self.push_back(pointsIn(array)); },
-            py::arg("array"), py::prepend(), "Appends the points of an array of the shape (n, 2).")
-        .def("__array__", &copiedFor, py::arg("dtype") = py::none(), py::arg("copy") = py::none(),
-             "The coordinates as an array of the shape (n, 2) of its own.");
+    points.def("__array__", &copiedFor, py::arg("dtype") = py::none(), py::arg("copy") = py::none(),
+               "The coordinates as an array of the shape (n, 2) of its own.");
 }
 
 } // namespace

@@ -216,6 +216,7 @@ struct Item<KDRRegion>
         return value.cast<KDRRegion const&>();
     }
     static bool equal(KDRRegion const& one, KDRRegion const& other) { return areEqual(one, other); }
+    static std::string inBrief(py::handle element) { return py::repr(element); }
 };
 
 void bindRegion(py::module_& m)

@@ -34,6 +34,16 @@ struct Item
     {
         return objectOf(one).equal(objectOf(other));
     }
+    /// What stands for the element in the repr() of the array.
+    static std::string inBrief(py::handle element) { return py::repr(element); }
+};
+
+/// Values that an array takes as a whole, faster than one by one. Specialised for arrays that have
+/// such.
+template <class Array>
+struct Whole
+{
+    static bool take(py::handle, Array&, std::string const&) { return false; }
 };
 
 /// An array class of the library as a mutable sequence of Python's. What it does is what list does;
@@ -48,6 +58,8 @@ public:
     static std::unique_ptr<Array> make(py::iterable const& values, std::string const& name)
     {
         auto made = std::make_unique<Array>();
+        if (Whole<Array>::take(values, *made, name))
+            return made;
         for (py::handle const value : values)
             append(*made, value, name);
         return made;
@@ -70,7 +82,7 @@ public:
         py::ssize_t const length = array.length();
         py::ssize_t const wanted = index < 0 ? index + length : index;
         auto const place = static_cast<int>(std::clamp<py::ssize_t>(wanted, 0, length));
-        Element const& element = Item<Element>::fromPython(value, name);
+        auto const& element = Item<Element>::fromPython(value, name);
         if (place == array.length())
             return appendWhole(array, element, name);
         array.insert(place, element);
@@ -109,7 +121,7 @@ public:
                 throw py::value_error("attempt to assign sequence of size " +
                                       std::to_string(given->length()) +
                                       " to extended slice of size " + std::to_string(range.count));
-            Element element;
+            Element element{};
             for (int i = 0; i < range.count; ++i) {
                 given->select(i, &element);
                 array.replace(range.start + i * range.step, element);
@@ -150,8 +162,8 @@ public:
         if (one.length() != other.length())
             return false;
         for (int i = 0; i < one.length(); ++i) {
-            Element first;
-            Element second;
+            Element first{};
+            Element second{};
             one.select(i, &first);
             other.select(i, &second);
             if (!Item<Element>::equal(first, second))
@@ -166,7 +178,7 @@ public:
         int const length = array.length();
         std::string text;
         for (int i = 0; i < std::min(length, shown); ++i)
-            text += (i > 0 ? ", " : "") + std::string(py::repr(get(array, i)));
+            text += (i > 0 ? ", " : "") + Item<Element>::inBrief(get(array, i));
         if (length > shown)
             text += ", ... " + std::to_string(length) + " in all";
         return name + "([" + text + "])";
@@ -222,7 +234,7 @@ private:
                            std::string const& name)
     {
         for (int i = 0; i < count; ++i) {
-            Element element;
+            Element element{};
             from.select(start + i * step, &element);
             appendWhole(to, element, name);
         }

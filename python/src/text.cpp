@@ -1,18 +1,52 @@
 #include "text.h"
 
 #include "errors.h"
-#include "owner.h"
+#include "items.h"
 #include "pickling.h"
 #include "sequence.h"
 
 #include <kdrdata/text/kdrbufferarray.h>
 #include <kdrdata/text/kdrchar.h>
+#include <kdrdata/text/kdrregexp.h>
 #include <kdrdata/text/kdrstringarray.h>
 #include <kdrio/inside_p.h>
 
 #include <limits>
 
 namespace kdrpython {
+
+// An expression is carried as its pattern and its options.
+template <>
+struct Carried<KDRRegExp>
+{
+    static KDRVariant pack(KDRRegExp const& value)
+    {
+        KDRVariantArray fields;
+        fields.push_back(KDRVariant(value.pattern()));
+        fields.push_back(KDRVariant(static_cast<int>(value.caseSensitivity())));
+        fields.push_back(KDRVariant(static_cast<int>(value.patternSyntax())));
+        fields.push_back(KDRVariant(value.isMinimal()));
+        return fields;
+    }
+    static bool unpack(KDRVariant& packed, KDRRegExp& value)
+    {
+        KDRVariantArray fields;
+        if (!packed.toVariantArray(&fields) || fields.length() != 4)
+            return false;
+        KDRString pattern;
+        int caseSensitivity = 0;
+        int syntax = 0;
+        bool minimal = false;
+        if (!fields[0].toString(&pattern) || !fields[1].toInt(&caseSensitivity) ||
+            !fields[2].toInt(&syntax) || !fields[3].toBool(&minimal))
+            return false;
+        value.setPattern(pattern);
+        value.setCaseSensitivity(static_cast<KDRRegExp::KDRCaseSensitivity>(caseSensitivity));
+        value.setPatternSyntax(static_cast<KDRRegExp::KDRPatternSyntax>(syntax));
+        value.setMinimal(minimal);
+        return true;
+    }
+};
 
 namespace {
 
@@ -191,42 +225,122 @@ void bindChar(py::module_& m)
     bindPickling(cls);
 }
 
+struct Syntax
+{
+    char const* name;
+    KDRRegExp::KDRPatternSyntax code;
+};
+constexpr Syntax syntaxes[] = {
+    {"regexp", KDRRegExp::KDRRegExpSyntax},
+    {"wildcard", KDRRegExp::KDRWildcardSyntax},
+    {"fixed", KDRRegExp::KDRFixedStringSyntax},
+    {"regexp2", KDRRegExp::KDRRegExp2Syntax},
+    {"wildcard-unix", KDRRegExp::KDRWildcardUnixSyntax},
+    {"xml-schema", KDRRegExp::KDRW3CXmlSchema11Syntax},
+};
+
+KDRRegExp::KDRPatternSyntax syntaxOf(std::string const& name)
+{
+    std::string known;
+    for (Syntax const& each : syntaxes) {
+        if (name == each.name)
+            return each.code;
+        known += (known.empty() ? "" : ", ") + std::string(each.name);
+    }
+    throw py::value_error("no such syntax '" + name + "'; there are " + known);
+}
+
+std::string nameOf(KDRRegExp::KDRPatternSyntax code)
+{
+    for (Syntax const& each : syntaxes)
+        if (code == each.code)
+            return each.name;
+    return syntaxes[0].name;
+}
+
+void bindRegExp(py::module_& m)
+{
+    py::class_<KDRRegExp> cls(m, "RegExp", R"(A regular expression and the state of its last match.
+
+Positions and lengths count code units of UTF-16. Every search leaves its match in the expression; a
+copy has the match that there is at that moment, and a pickle has none.)");
+    cls.def(py::init([](py::object const& pattern, bool caseSensitive, std::string const& syntax,
+                        bool minimal) {
+                auto made = std::make_unique<KDRRegExp>(
+                    toString(pattern, "RegExp"),
+                    caseSensitive ? KDRRegExp::KDRCaseSensitive : KDRRegExp::KDRCaseInsensitive,
+                    syntaxOf(syntax));
+                made->setMinimal(minimal);
+                return made;
+            }),
+            py::arg("pattern") = "", py::kw_only(), py::arg("case_sensitive") = true,
+            py::arg("syntax") = "regexp", py::arg("minimal") = false,
+            "The expression of a pattern. The syntax is one of regexp, wildcard, fixed, regexp2, "
+            "wildcard-unix and xml-schema; minimal quantifiers match as little as they can.");
+    cls.def_property_readonly(
+        "pattern", [](KDRRegExp const& self) { return toPython(self.pattern()); },
+        "The pattern as it was given.");
+    cls.def_property_readonly(
+        "case_sensitive",
+        [](KDRRegExp const& self) { return self.caseSensitivity() == KDRRegExp::KDRCaseSensitive; },
+        "Whether letters match in their own case alone.");
+    cls.def_property_readonly(
+        "syntax", [](KDRRegExp const& self) { return nameOf(self.patternSyntax()); },
+        "How the pattern is read.");
+    cls.def_property_readonly("minimal", &KDRRegExp::isMinimal,
+                              "Whether quantifiers match as little as they can.");
+    cls.def_property_readonly("is_valid", &KDRRegExp::isValid,
+                              "Whether the pattern is well-formed; others match nothing.");
+    cls.def_property_readonly(
+        "error", [](KDRRegExp const& self) { return textOf(self.errorString()); },
+        "What is wrong with the pattern, in words.");
+    cls.def(
+        "index_in",
+        [](KDRRegExp const& self, py::object const& text, int offset) {
+            return self.indexIn(toString(text, "index_in"), offset);
+        },
+        py::arg("text"), py::arg("offset") = 0,
+        "The position of the first match at or after the offset, or -1.");
+    cls.def(
+        "last_index_in",
+        [](KDRRegExp const& self, py::object const& text, int offset) {
+            return self.lastIndexIn(toString(text, "last_index_in"), offset);
+        },
+        py::arg("text"), py::arg("offset") = -1,
+        "The position of the last match that begins at or before the offset, or -1.");
+    cls.def(
+        "exact_match",
+        [](KDRRegExp const& self, py::object const& text) {
+            return self.exactMatch(toString(text, "exact_match"));
+        },
+        py::arg("text"), "Whether the whole text matches.");
+    cls.def_property_readonly("matched_length", &KDRRegExp::matchedLength,
+                              "The length of the last match, or -1.");
+    cls.def_property_readonly("capture_count", &KDRRegExp::captureCount,
+                              "How many groups of the pattern capture.");
+    cls.def(
+        "cap", [](KDRRegExp const& self, int group) { return toPython(self.cap(group)); },
+        py::arg("group") = 0, "What a group captured in the last match, or None; 0 is all of it.");
+    cls.def("pos", &KDRRegExp::pos, py::arg("group") = 0,
+            "Where a group of the last match begins, or -1; 0 is all of it.");
+    cls.def_property_readonly("captured_texts", &KDRRegExp::capturedTexts,
+                              "What the groups captured, the whole match first.");
+    cls.def("__repr__", [](KDRRegExp const& self) {
+        return "RegExp(" + std::string(py::repr(toPython(self.pattern()))) + ')';
+    });
+    cls.def(
+        "__eq__",
+        [](KDRRegExp const& self, py::object const& other) -> py::object {
+            if (!py::isinstance<KDRRegExp>(other))
+                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+            return py::bool_(self == other.cast<KDRRegExp const&>());
+        },
+        py::arg("other"));
+    cls.attr("__hash__") = py::none();
+    bindPickling(cls);
+}
+
 } // namespace
-
-template <>
-struct Item<KDRString>
-{
-    static py::object toPython(std::unique_ptr<KDRString> value)
-    {
-        return kdrpython::toPython(*value);
-    }
-    static KDRString fromPython(py::handle value, std::string const& array)
-    {
-        return toString(value, array);
-    }
-    static bool equal(KDRString const& one, KDRString const& other)
-    {
-        return one == other && one.isNull() == other.isNull();
-    }
-};
-
-template <>
-struct Item<KDRBuffer>
-{
-    static py::object toPython(std::unique_ptr<KDRBuffer> value)
-    {
-        return kdrpython::toPython(*value);
-    }
-    static KDRBuffer fromPython(py::handle value, std::string const& array)
-    {
-        return toBuffer(value, array);
-    }
-    static bool equal(KDRBuffer const& one, KDRBuffer const& other)
-    {
-        return kdrio::inside::bytes(one) == kdrio::inside::bytes(other) &&
-               one.isNull() == other.isNull();
-    }
-};
 
 py::object toPython(KDRString const& text)
 {
@@ -291,6 +405,7 @@ void bindText(py::module_& m)
         m, "StringArray", "A list of texts: its elements are str, or None for null.");
     bindSequence<KDRBufferArray, KDRBuffer>(
         m, "BufferArray", "A list of bytes: its elements are bytes, or None for null.");
+    bindRegExp(m);
 }
 
 } // namespace kdrpython

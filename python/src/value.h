@@ -5,6 +5,8 @@
 
 #include "module.h"
 
+#include <string>
+
 namespace kdrpython {
 
 /// Any Python object that a variant can hold, as a variant; a Variant itself shares its store.
@@ -17,6 +19,9 @@ py::object contentOf(KDRVariant const& value);
 
 /// What the variant holds as Python users have it.
 py::object valueOf(KDRVariant const& value);
+
+/// What stands for the value in a repr(): what Variant() would be given to make it again.
+std::string inBrief(KDRVariant const& value);
 
 /// Whether both hold the same: the kind, images by geometry and pixels, lists of variants element
 /// by element, everything else by its saved bytes. What is shared plays no part.
