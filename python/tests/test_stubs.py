@@ -59,7 +59,9 @@ def test_the_classes_in_the_stub_have_the_names_of_the_module(stub):
         if name.startswith("_") or not isinstance(cls, type) or name in ("Error", "ShapeKind"):
             continue
         found = {each for each in vars(cls) if is_public(each)} - COMMON
-        said = {each for each in names_in(classes[name].body) if is_public(each)} - COMMON
+        bodies = [classes[name].body]
+        bodies += [classes[base.id].body for base in classes[name].bases if isinstance(base, ast.Name)]
+        said = {each for body in bodies for each in names_in(body) if is_public(each)} - COMMON
         if getattr(cls, "_is_sequence", False):
             found -= shared | given
         if found != said:
