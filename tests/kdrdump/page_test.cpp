@@ -148,7 +148,13 @@ TEST_F(Page, TellsFiguresApartOverSeveralPictures)
         if (each.attributes.contains("id"))
             ids << each.of("id");
     ids.sort();
-    EXPECT_EQ(ids, QStringList({"part-1", "part-2", "row-1", "row-2"}));
+    EXPECT_EQ(ids,
+              QStringList({"part-1", "part-2", "pixels-1", "pixels-2", "row-1", "row-2"}));
+    QStringList parts;
+    for (Element const& each : page)
+        if (each.attributes.contains("data-part"))
+            parts << each.name + each.of("data-part");
+    EXPECT_EQ(parts, QStringList({"g1", "tr1", "g2", "tr2"}));
     EXPECT_EQ(texts(named(page, "td")),
               QStringList({"1", "[1]", "[1]", "circle: x 5, y 5, radius 2", "1", "[3]", "[3]",
                            "circle: x 5, y 5, radius 2"}));
