@@ -10,7 +10,7 @@ namespace kdrdump {
 namespace {
 
 // A page that draws so many places and figures again is large enough.
-constexpr std::size_t mostAgain = 1000000;
+constexpr std::size_t mostAgain = 250000;
 
 KDRPoint nowhere()
 {

@@ -148,8 +148,7 @@ TEST_F(Page, TellsFiguresApartOverSeveralPictures)
         if (each.attributes.contains("id"))
             ids << each.of("id");
     ids.sort();
-    EXPECT_EQ(ids,
-              QStringList({"part-1", "part-2", "pixels-1", "pixels-2", "row-1", "row-2"}));
+    EXPECT_EQ(ids, QStringList({"part-1", "part-2", "pixels-1", "pixels-2", "row-1", "row-2"}));
     QStringList parts;
     for (Element const& each : page)
         if (each.attributes.contains("data-part"))
