@@ -157,13 +157,28 @@ void run(Arguments const& arguments)
         throw Failure("cannot write to standard output");
 }
 
-// In one line, whatever the names in it are.
-void tell(std::string text)
+// Whether a terminal writes it down as it is.
+bool isWritten(QChar character)
 {
-    for (char& each : text)
-        if (static_cast<unsigned char>(each) < 0x20 || each == 0x7F)
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
+// In one line, whatever the names in it are.
+void tell(char const* words)
+{
+    QString text = QString::fromUtf8(words);
+    for (QChar& each : text)
+        if (!isWritten(each))
             each = '?';
-    std::cerr << "kdrdump: " << text << '\n';
+    std::cerr << "kdrdump: " << text.toStdString() << '\n';
 }
 
 } // namespace

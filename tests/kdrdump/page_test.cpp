@@ -2,6 +2,7 @@
 
 #include <QtCore/qmap.h>
 #include <QtCore/qxmlstream.h>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -84,6 +85,25 @@ protected:
         return kinds;
     }
 
+    // The greys in which a row of pixels is shown.
+    std::vector<int> greysOf(std::vector<double> const& pixels) const
+    {
+        KDRImage deep(nullptr, static_cast<int>(pixels.size()), 1, 1, 0, KDRImage::DataTypeFloat64);
+        std::memcpy(deep.dataPtr(), pixels.data(), pixels.size() * sizeof(double));
+        QString const start = "data:image/png;base64,";
+        QString const address = named(pageOf(KDRVariant(deep)), "image").at(0).of("href");
+        EXPECT_TRUE(address.startsWith(start));
+        QFile png(file("held.png"));
+        EXPECT_TRUE(png.open(QIODevice::WriteOnly));
+        png.write(QByteArray::fromBase64(address.mid(start.size()).toLatin1()));
+        png.close();
+        KDRImage held;
+        QByteArray const path = file("held.png").toUtf8();
+        EXPECT_NE(held.read(KDRString().fromUtf8(path.constData())), 0);
+        EXPECT_EQ(held.depth(), KDRImage::DataTypeUInt8);
+        return std::vector<int>(held.dataPtr(), held.dataPtr() + held.width());
+    }
+
     static KDRImage image(int width = 40)
     {
         return KDRImage(nullptr, width, 30, 1, 0, KDRImage::DataTypeUInt8);
@@ -97,6 +117,20 @@ KDRShape lineAt(double x)
     KDRShape shape;
     shape.fromLine(start, end);
     return shape;
+}
+
+// A region of runs: row, first and last column.
+KDRVariant regionOf(std::vector<std::array<long long, 3>> const& runs)
+{
+    KDRNumberArray columns[3];
+    for (auto const& run : runs)
+        for (std::size_t i = 0; i < 3; ++i)
+            columns[i].push_back(KDRNumber(run[i]));
+    KDRRegion region;
+    region.fromRunLengthEncodeing(columns[0], columns[1], columns[2], 40, 30);
+    KDRShape shape;
+    shape.fromRegion(region);
+    return KDRVariant(shape);
 }
 
 TEST_F(Page, DrawsFiguresOverTheImageBeforeThem)
@@ -161,43 +195,124 @@ TEST_F(Page, TellsFiguresApartOverSeveralPictures)
 
 TEST_F(Page, DrawsRegionsRunByRun)
 {
-    KDRNumberArray columns[3];
-    long long const runs[][3] = {{2, 5, 9}, {3, 6, 6}};
-    for (auto const& run : runs)
-        for (int i = 0; i < 3; ++i)
-            columns[i].push_back(KDRNumber(run[i]));
-    KDRRegion region;
-    region.fromRunLengthEncodeing(columns[0], columns[1], columns[2], 40, 30);
-    KDRShape shape;
-    shape.fromRegion(region);
-    auto const page = pageOf(listOf({KDRVariant(image()), KDRVariant(shape)}));
+    auto const page = pageOf(listOf({KDRVariant(image()), regionOf({{2, 5, 9}, {3, 6, 6}})}));
     std::vector<Element> const paths = named(page, "path", "data-kind");
     ASSERT_EQ(paths.size(), 1U);
     // From edge to edge of the pixels, whose middles are whole.
     EXPECT_EQ(paths[0].of("d"), "M4.5 1.5H9.5v1H4.5zM5.5 2.5H6.5v1H5.5z");
+    EXPECT_EQ(texts(named(page, "td")).last(), "region: pixels 6, runs 2");
+}
+
+// They are where they are, and the picture is no larger for that.
+TEST_F(Page, DrawsRegionsBeyondThePicture)
+{
+    auto const page = pageOf(listOf({KDRVariant(image()), regionOf({{-3, -7, -5}, {31, 38, 50}})}));
+    std::vector<Element> const paths = named(page, "path", "data-kind");
+    ASSERT_EQ(paths.size(), 1U);
+    EXPECT_EQ(paths[0].of("d"), "M-7.5 -3.5H-4.5v1H-7.5zM37.5 30.5H50.5v1H37.5z");
+    EXPECT_EQ(texts(named(page, "td")).last(), "region: pixels 16, runs 2");
+    for (Element const& each : named(page, "svg", "viewBox"))
+        EXPECT_EQ(each.of("viewBox"), "-0.5 -0.5 40 30");
+    // Without a picture, the ground reaches around them.
+    auto const alone = pageOf(regionOf({{-3, -7, -5}, {31, 38, 50}}));
+    ASSERT_EQ(named(alone, "svg", "viewBox").size(), 1U);
+    QStringList const box = named(alone, "svg", "viewBox")[0].of("viewBox").split(' ');
+    EXPECT_LE(box[0].toDouble(), -7.5);
+    EXPECT_LE(box[1].toDouble(), -3.5);
+    EXPECT_GE(box[0].toDouble() + box[2].toDouble(), 50.5);
+    EXPECT_GE(box[1].toDouble() + box[3].toDouble(), 31.5);
+    EXPECT_LT(box[2].toDouble(), 70.0);
+}
+
+// The name of a region stands in its middle run.
+TEST_F(Page, NamesRegionsInTheirMiddle)
+{
+    auto const page =
+        pageOf(listOf({KDRVariant(image()), regionOf({{2, 5, 9}, {3, 10, 20}, {4, 6, 6}})}));
+    Element const name = named(page, "text").at(0);
+    EXPECT_EQ(name.text, "1");
+    EXPECT_EQ(name.of("x").toDouble(), 15.0);
+    EXPECT_EQ(name.of("y").toDouble(), 3.0);
+}
+
+TEST_F(Page, DrawsNothingThatIsTooFarAway)
+{
+    double const far = 1e7;
+    for (double const sign : {1.0, -1.0})
+        for (double const x : {far, far + 2.0}) {
+            SCOPED_TRACE(sign * x);
+            KDRPoint tail(0.0, 0.0);
+            KDRPoint head(sign * x, 3.0);
+            KDRShape arrow;
+            arrow.fromArrow(tail, head);
+            KDRString letters("word");
+            KDRFont font;
+            KDRShape text;
+            text.fromText(head, letters, font);
+            KDRPointArray corners;
+            corners.push_back(head);
+            corners.push_back(tail);
+            corners.push_back(KDRPoint(5.0, 9.0));
+            KDRShape polygon;
+            polygon.fromPolygon(corners);
+            auto const column = static_cast<long long>(sign * x);
+            auto const page = pageOf(
+                listOf({KDRVariant(image()), KDRVariant(circleAt(sign * x, 1.0, 2.0)),
+                        KDRVariant(circleAt(1.0, sign * x, 2.0)), KDRVariant(lineAt(sign * x)),
+                        KDRVariant(arrow), KDRVariant(text), KDRVariant(polygon),
+                        regionOf({{1, column, column}}), regionOf({{column, 1, 1}})}));
+            EXPECT_EQ(named(page, "path", "data-kind").size() +
+                          named(page, "circle", "data-kind").size() +
+                          named(page, "text", "data-kind").size(),
+                      x == far ? 8U : 0U);
+            // Rows tell of them all the same.
+            EXPECT_EQ(named(page, "tr", "data-part").size(), 8U);
+            // Names stand where something is drawn.
+            for (Element const& name : named(page, "text"))
+                EXPECT_LE(std::abs(name.of("x").toDouble()), far);
+        }
+}
+
+TEST_F(Page, DrawsArcsOnceAroundAtMost)
+{
+    struct Arc
+    {
+        double start;
+        double end;
+        int steps; // of two degrees
+    };
+    for (Arc const& each : {Arc{0.0, 90.0, 45}, Arc{10.0, -50.0, 30}, Arc{0.0, 360.0, 180},
+                            Arc{0.0, 100000.0, 180}, Arc{300.0, -100000.0, 180}}) {
+        SCOPED_TRACE(each.end);
+        KDRPoint centre(100.0, 50.0);
+        KDRShape arc;
+        arc.fromArc(centre, 40.0, each.start, each.end);
+        auto const page = pageOf(listOf({KDRVariant(image()), KDRVariant(arc)}));
+        std::vector<Element> const paths = named(page, "path", "data-kind");
+        ASSERT_EQ(paths.size(), 1U);
+        QStringList const places = paths[0].of("d").mid(1).split('L');
+        ASSERT_EQ(places.size(), each.steps + 1);
+        constexpr double degree = 3.14159265358979323846 / 180.0;
+        double const end = each.start + (each.end < each.start ? -2.0 : 2.0) * each.steps;
+        for (auto const& [place, angle] :
+             {std::pair(places.first(), each.start), std::pair(places.last(), end)}) {
+            EXPECT_NEAR(place.section(' ', 0, 0).toDouble(),
+                        100.0 + 40.0 * std::cos(angle * degree), 0.001);
+            EXPECT_NEAR(place.section(' ', 1, 1).toDouble(), 50.0 + 40.0 * std::sin(angle * degree),
+                        0.001);
+        }
+    }
 }
 
 TEST_F(Page, ShowsDeepPicturesFromTheirLeastToTheirGreatestValue)
 {
-    KDRImage deep(nullptr, 3, 1, 1, 0, KDRImage::DataTypeFloat64);
-    double const values[] = {-1e308, std::nan(""), 1e308};
-    std::memcpy(deep.dataPtr(), values, sizeof values);
-    auto const page = pageOf(KDRVariant(deep));
-    std::vector<Element> const images = named(page, "image");
-    ASSERT_EQ(images.size(), 1U);
-    QString const start = "data:image/png;base64,";
-    ASSERT_TRUE(images[0].of("href").startsWith(start));
-    QFile png(file("held.png"));
-    ASSERT_TRUE(png.open(QIODevice::WriteOnly));
-    png.write(QByteArray::fromBase64(images[0].of("href").mid(start.size()).toLatin1()));
-    png.close();
-    KDRImage held;
-    QByteArray const path = file("held.png").toUtf8();
-    ASSERT_NE(held.read(KDRString().fromUtf8(path.constData())), 0);
-    EXPECT_EQ(held.depth(), KDRImage::DataTypeUInt8);
-    EXPECT_EQ(held.dataPtr()[0], 0);
-    EXPECT_EQ(held.dataPtr()[1], 0); // no number
-    EXPECT_EQ(held.dataPtr()[2], 255);
+    double const infinity = std::numeric_limits<double>::infinity();
+    double const none = std::nan("");
+    // Whose difference is no double; no numbers; no difference; nothing but what is no number.
+    EXPECT_EQ(greysOf({-1e308, none, 1e308, 0.0}), std::vector<int>({0, 0, 255, 128}));
+    EXPECT_EQ(greysOf({-infinity, 10.0, 20.0, infinity}), std::vector<int>({0, 0, 255, 255}));
+    EXPECT_EQ(greysOf({7.0, 7.0}), std::vector<int>({0, 0}));
+    EXPECT_EQ(greysOf({none, infinity, -infinity}), std::vector<int>({0, 0, 0}));
 }
 
 TEST_F(Page, HasTablesOfNumbers)
@@ -222,21 +337,62 @@ TEST_F(Page, HasTablesOfNumbers)
     EXPECT_EQ(named(page, "figure").size(), 1U);
 }
 
+TEST_F(Page, WritesWholeNumbersPlainly)
+{
+    KDRMatrix matrix(1, 6, KDRMatrix::MatrixTypeFloat64);
+    double const elements[] = {-100000.0, 999999999999999.0, 1e15, 0.1, -2.5e-7, 123456789.25};
+    std::memcpy(matrix.dataPtr(), elements, sizeof elements);
+    EXPECT_EQ(texts(named(pageOf(KDRVariant(matrix)), "td")).join(' '),
+              "0 -100000 999999999999999 1e+15 0.1 -2.5e-07 123456789.25");
+}
+
+TEST_F(Page, CountsNumbersThatCanBeCounted)
+{
+    double const infinity = std::numeric_limits<double>::infinity();
+    auto const isCounted = [this](std::initializer_list<double> each) {
+        KDRNumberArray numbers;
+        for (double const number : each)
+            numbers.push_back(KDRNumber(number));
+        auto const page = pageOf(KDRVariant(numbers));
+        bool const isThere = !named(page, "figure").empty();
+        EXPECT_EQ(named(page, "rect").empty(), !isThere);
+        EXPECT_EQ(named(page, "td").size(), 1U + each.size());
+        return isThere;
+    };
+    EXPECT_TRUE(isCounted({1.0, 2.0, 3.0, 4.0, 5.0}));
+    EXPECT_TRUE(isCounted({7.0, 7.0, 7.0, 7.0, 7.0}));
+    EXPECT_FALSE(isCounted({1.0, 2.0, 3.0, 4.0})); // too few
+    EXPECT_FALSE(isCounted({1.0, 2.0, 3.0, 4.0, infinity}));
+    EXPECT_FALSE(isCounted({1.0, 2.0, 3.0, 4.0, -infinity}));
+    EXPECT_FALSE(isCounted({1.0, 2.0, 3.0, 4.0, std::nan("")}));
+    // Further from each other than a double, and nearer than their digits.
+    EXPECT_FALSE(isCounted({-1e308, 1e308, 0.0, 0.0, 0.0}));
+    EXPECT_FALSE(isCounted({1e-310, 2e-310, 0.0, 0.0, 0.0}));
+    EXPECT_FALSE(isCounted({1e15, 1e15 + 0.125, 1e15, 1e15, 1e15}));
+}
+
 TEST_F(Page, CutsLongTables)
 {
     KDRNumberArray numbers;
     for (int i = 0; i < 10050; ++i)
         numbers.push_back(KDRNumber(i));
+    KDRPointArray points;
+    for (int i = 0; i < 1001; ++i)
+        points.push_back(KDRPoint(i, i));
     auto const page = pageOf(
-        listOf({KDRVariant(numbers), KDRVariant(KDRMatrix(1001, 65, KDRMatrix::MatrixTypeUInt8))}));
-    EXPECT_EQ(named(page, "tr").size(), 2U * (1U + 1000U));
+        listOf({KDRVariant(numbers), KDRVariant(KDRMatrix(1001, 65, KDRMatrix::MatrixTypeUInt8)),
+                KDRVariant(points)}));
+    EXPECT_EQ(named(page, "tr").size(), 3U * (1U + 1000U));
+    EXPECT_EQ(named(page, "th").size(), 11U + 65U + 3U);
+    EXPECT_EQ(named(page, "td").size(), 1000U * (11U + 65U + 3U));
     QStringList about;
     for (Element const& each : page)
         if (each.of("class") == "about")
             about << each.text;
     EXPECT_EQ(about, QStringList({"10050 numbers; the first 10000 of 10050 numbers",
                                   "1001 rows, 65 columns; the first 1000 of 1001 rows; the first "
-                                  "64 of 65 columns"}));
+                                  "64 of 65 columns",
+                                  "1001 points; the first 1000 of 1001 points"}));
 }
 
 TEST_F(Page, SurvivesNumbersBeyondAllPictures)

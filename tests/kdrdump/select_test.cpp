@@ -99,7 +99,7 @@ TEST_F(Select, RefusesWhatIsNotThere)
 TEST_F(Select, RefusesWhatIsNoPath)
 {
     for (char const* path : {"[", "[]", "[x]", "[-1]", "[+1]", "[99999999999]", "[1", "[1]2",
-                             "[1].", ".", "[1]..x", "[ 1]"}) {
+                             "[1].", ".", "[1]..x", "[ 1]", "[1 ]", "[1][٣]"}) {
         std::string const said = refusedAt(path);
         EXPECT_EQ(said.find(std::string("cannot select '") + path + "': "), 0U) << said;
         EXPECT_NE(said.find("expected at character "), std::string::npos) << said;
