@@ -114,7 +114,7 @@ TEST(Json, WhatIsSharedManyTimesOverIsWrittenOnce)
     }
     std::string const shared = compact(byStore);
     EXPECT_EQ(shared.find("[{\"shared\":0,\"value\":{\"variant array\":[{\"shared\":1,"), 0U);
-    EXPECT_EQ(shared.rfind("{\"shared\":0}]"), shared.size() - 14);
+    EXPECT_EQ(shared.rfind("{\"shared\":0}]"), shared.size() - 13);
     EXPECT_LT(shared.size(), 3000U);
     std::string const alike = compact(KDRVariant(byList));
     EXPECT_NE(alike.find("true"), std::string::npos);
