@@ -72,11 +72,13 @@ TEST_F(Dump, RefusesPicturesInPlaceOfOtherFiles)
               "out/0.png\nout/1.png\nout/page.html\n");
 }
 
-// Where one of two outputs cannot be written, the page is not there either.
-TEST_F(Dump, LeavesNoHalfPage)
+// Where one of two outputs cannot be written, the other is not there either.
+TEST_F(Dump, WritesNothingWhereItCannotWriteAll)
 {
-    save(7);
+    save(KDRVariant(KDRImage(nullptr, 4, 3, 1, 0, KDRImage::DataTypeUInt8)));
     refused({"value.kdr", "--html", "page.html", "--images", "missing"});
+    EXPECT_EQ(files(), QStringList("value.kdr"));
+    refused({"value.kdr", "--html", "missing/page.html", "--images", "."});
     EXPECT_EQ(files(), QStringList("value.kdr"));
 }
 
