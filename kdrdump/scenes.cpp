@@ -145,20 +145,20 @@ private:
             add(scene, entry, figure);
     }
 
-    // Lists that are deeper have ended where an entry comes that is not.
+    // Lists that are deeper have ended where an entry comes that is not; that of the list itself
+    // comes before what it holds.
     Level& levelOf(page::Entry const& entry)
     {
-        std::string const list = listOf(entry.path);
         auto const depth = static_cast<std::size_t>(entry.depth);
-        if (levels.size() > depth + 1)
+        if (levels.size() > depth) {
             levels.resize(depth + 1);
-        if (levels.size() == depth + 1 && levels[depth].list == list)
             return levels[depth];
+        }
+        std::string const list = listOf(entry.path);
         auto const first = firstIn.find(list);
         std::size_t const scene = first != firstIn.end() ? first->second
                                   : depth > 0            ? levels[depth - 1].scene
                                                          : none;
-        levels.resize(depth);
         levels.push_back({list, scene});
         return levels[depth];
     }

@@ -197,10 +197,13 @@ public:
 
     bool go(Step const& step)
     {
-        if (piece.isValue && step.isElement()) {
+        if (piece.isValue && step.isElement() && takeElement(piece.value, step.index)) {
             isNamed = false;
-            return takeElement(piece.value, step.index);
+            return true;
         }
+        // Elements that are no values are those of the contents.
+        if (piece.isValue && step.isElement() && !isNamed)
+            return false;
         if (piece.isValue && !isNamed && step.name == kindNameOf(piece.value)) {
             isNamed = true;
             return true;

@@ -37,7 +37,7 @@ Line curve(KDRPoint const& centre, double along, double across, double angle, do
            double end = 360.0)
 {
     double const span = std::clamp(end - start, -360.0, 360.0);
-    if (!std::isfinite(start) || !std::isfinite(span))
+    if (std::isnan(span))
         return {};
     int const steps = std::max(1, static_cast<int>(std::ceil(std::abs(span) / 2.0)));
     Line line;

@@ -50,13 +50,15 @@ std::string pathThrough(std::vector<Line> const& lines)
     return path;
 }
 
+bool isDrawn(Run const& run) { return isDrawn(run.row) && isDrawn(run.first) && isDrawn(run.last); }
+
 // A bar for each run, from edge to edge of its pixels.
 std::string pathOver(std::vector<Run> const& runs)
 {
     std::ostringstream path;
     path << std::setprecision(9);
     for (Run const& run : runs)
-        if (isDrawn(run.row) && isDrawn(run.first) && isDrawn(run.last))
+        if (isDrawn(run))
             path << 'M' << run.first - 0.5 << ' ' << run.row - 0.5 << 'H' << run.last + 0.5 << "v1H"
                  << run.first - 0.5 << 'z';
     return path.str();
@@ -288,7 +290,7 @@ void include(Extent& extent, double x, double y)
               std::max(extent.bottom, y)};
 }
 
-// Around all figures, with a margin.
+// Around all figures that are drawn, with a margin.
 Extent extentOf(std::vector<PagePart> const& parts)
 {
     Extent extent{furthest, furthest, -furthest, -furthest};
@@ -296,11 +298,13 @@ Extent extentOf(std::vector<PagePart> const& parts)
         include(extent, part.label.x(), part.label.y());
         for (int i = 0; i < part.figures.length(); ++i) {
             for (Run const& run : runsOf(part.figures[i])) {
-                include(extent, run.first, run.row);
-                include(extent, run.last, run.row);
+                if (isDrawn(run)) {
+                    include(extent, run.first, run.row);
+                    include(extent, run.last, run.row);
+                }
             }
             for (Line const& line : linesOf(part.figures[i]))
-                for (Place const& place : line)
+                for (Place const& place : isDrawn(line) ? line : Line())
                     include(extent, place.x, place.y);
         }
     }
