@@ -72,4 +72,10 @@ std::string pageOf(std::vector<page::Entry> const& entries, std::vector<Picture>
                         content);
 }
 
+std::string pageOf(KDRVariant const& value, std::string const& title)
+{
+    std::vector<page::Entry> const entries = page::entriesOf(value);
+    return pageOf(entries, picturesIn(entries), "", title);
+}
+
 } // namespace kdrdump

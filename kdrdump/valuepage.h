@@ -17,6 +17,9 @@ namespace kdrdump {
 std::string pageOf(std::vector<page::Entry> const& entries, std::vector<Picture> const& pictures,
                    std::string const& path, std::string const& title);
 
+/// The page of @p value as a whole.
+std::string pageOf(KDRVariant const& value, std::string const& title);
+
 } // namespace kdrdump
 
 #endif

@@ -184,7 +184,7 @@ std::string toHtml(py::object const& value, std::string const& title)
     {
         py::gil_scoped_release const released;
         try {
-            return kdrdump::pageOf(shown, "", title);
+            return kdrdump::pageOf(shown, title);
         } catch (page::Failure const& why) {
             failure = why.what();
         }
