@@ -74,8 +74,8 @@ py::object pixelsOf(KDRImage const& image, bool outOfBand)
 {
     if (!outOfBand)
         return py::bytes(reinterpret_cast<char const*>(image.dataPtr()), sizeOf(image));
-    py::array_t<unsigned char> const view({static_cast<py::ssize_t>(sizeOf(image))},
-                                          image.dataPtr(), keeping(image));
+    py::array_t<unsigned char> const view(static_cast<py::ssize_t>(sizeOf(image)), image.dataPtr(),
+                                          keeping(image));
     return py::module_::import("pickle").attr("PickleBuffer")(view);
 }
 
