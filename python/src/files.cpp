@@ -184,7 +184,8 @@ std::string toHtml(py::object const& value, std::string const& title)
     {
         py::gil_scoped_release const released;
         try {
-            return kdrdump::pageOf(shown, "", title);
+            std::vector<page::Entry> const entries = page::entriesOf(shown);
+            return kdrdump::pageOf(entries, kdrdump::picturesIn(entries), "", title);
         } catch (page::Failure const& why) {
             failure = why.what();
         }
