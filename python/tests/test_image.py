@@ -35,6 +35,7 @@ def test_an_image_without_pixels_is_an_array_without_elements():
     assert image.shape == (0, 0, 0)
     assert numpy.asarray(image).shape == (0, 0, 0)
     assert not image
+    assert image.clone() == image and copy.deepcopy(image) == image
 
 
 @pytest.mark.parametrize("dtype", DTYPES)
@@ -194,6 +195,11 @@ def test_no_image_is_made_over_memory_that_it_cannot_use(array):
 def test_what_cannot_be_used_can_be_copied(array):
     image = kdrdata.Image.from_array(array)
     assert numpy.array_equal(numpy.asarray(image)[:, :, 0], array)
+
+
+def test_a_read_only_array_is_refused_for_that():
+    with pytest.raises(ValueError, match="read-only"):
+        kdrdata.Image.from_array(read_only(), copy=False)
 
 
 def test_only_arrays_have_memory_to_be_used():

@@ -257,3 +257,9 @@ def test_points_are_taken_from_arrays_and_pairs():
     assert Shape.polygon(corners) == Shape.polygon(SPOTS)
     assert Shape.polygon(corners.tolist()) == Shape.polygon(SPOTS)
     assert Shape.line((1, 2), (3, 4)) == Shape.line(Point(1, 2), Point(3, 4))
+
+
+def test_places_are_arrays_or_numbers_of_numpy_too():
+    circle = Shape.circle(1, 2, 3)
+    assert Shape.circle(numpy.array([1.0, 2.0]), 3) == circle
+    assert Shape.circle(numpy.float64(1), numpy.int8(2), numpy.float32(3)) == circle
