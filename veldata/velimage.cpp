@@ -36,11 +36,13 @@ VelImage& VelImage::operator=(VelImage&& other) noexcept
 int VelImage::CreateImage(unsigned char* data, int width, int height, int channels, int step,
                           VelImageType type) noexcept
 {
-    VelPixels* const fresh = VelPixels::create(data, {width, height, channels, type}, step);
-    if (!fresh)
-        return 0;
-    VelPixels::release(std::exchange(d, fresh));
-    return 1;
+    return replaceBy(VelPixels::create(data, {width, height, channels, type}, step));
+}
+
+int VelImage::CreateImageOver(unsigned char* data, int width, int height, int channels,
+                              VelImageType type, void (*release)(void*), void* owner) noexcept
+{
+    return replaceBy(VelPixels::over(data, {width, height, channels, type}, release, owner));
 }
 
 VelImage VelImage::DeepCopy() const noexcept
@@ -63,16 +65,17 @@ int VelImage::BitDepth() const noexcept { return d ? d->geometry.type : 0; }
 
 unsigned char* VelImage::ImageData() const noexcept { return d ? d->data : nullptr; }
 
-int VelImage::ReadImage(char const* path) noexcept
-{
-    VelPixels* const fresh = velimagefile::read(path);
-    if (!fresh)
-        return 0;
-    VelPixels::release(std::exchange(d, fresh));
-    return 1;
-}
+int VelImage::ReadImage(char const* path) noexcept { return replaceBy(velimagefile::read(path)); }
 
 int VelImage::SaveImage(char const* path, int effort) const noexcept
 {
     return d && velimagefile::save(*d, path, effort) ? 1 : 0;
+}
+
+int VelImage::replaceBy(VelPixels* fresh) noexcept
+{
+    if (!fresh)
+        return 0;
+    VelPixels::release(std::exchange(d, fresh));
+    return 1;
 }

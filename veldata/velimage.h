@@ -60,6 +60,16 @@ public:
     int CreateImage(unsigned char* data, int width, int height, int channels, int step,
                     VelImageType type) noexcept;
 
+    /// Gives the image pixels in the memory of the caller, without a copy: tightly packed rows from
+    /// @p data on, in one block that stays good until release(@p owner) is called, which happens
+    /// once, with the last image that shares the pixels, in whatever thread that ends. @p release
+    /// must not throw and must not use an image that shares the pixels.
+    ///
+    /// Answers 1, or 0 with nothing changed and @p release never called for the arguments that
+    /// CreateImage() refuses, for null @p data or @p release and when memory runs out.
+    int CreateImageOver(unsigned char* data, int width, int height, int channels, VelImageType type,
+                        void (*release)(void*), void* owner) noexcept;
+
     /// An image with the same pixels, shared with nobody; empty if memory runs out.
     VelImage DeepCopy() const noexcept;
 
@@ -110,6 +120,9 @@ public:
     int SaveImage(char const* path, int effort) const noexcept;
 
 private:
+    /// Takes over @p fresh and answers 1, or 0 with nothing changed where it is null.
+    VELDATA_NO_EXPORT int replaceBy(VelPixels* fresh) noexcept;
+
     VelPixels* d;
 };
 

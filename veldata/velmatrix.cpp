@@ -130,7 +130,12 @@ bool isPossible(int rows, int columns, VelDataType type)
 } // namespace
 
 VelMatrix::VelMatrix() noexcept
-    : rowCount(0), columnCount(0), elementType(VEL_8U), elements(nullptr)
+    : rowCount(0),
+      columnCount(0),
+      elementType(VEL_8U),
+      elements(nullptr),
+      releaseOwner(&std::free),
+      owner(nullptr)
 {
 }
 
@@ -149,7 +154,7 @@ VelMatrix::VelMatrix(VelMatrix const& other) : VelMatrix()
 
 VelMatrix::VelMatrix(VelMatrix&& other) noexcept : VelMatrix() { swap(other); }
 
-VelMatrix::~VelMatrix() { std::free(elements); }
+VelMatrix::~VelMatrix() { releaseOwner(owner); }
 
 VelMatrix& VelMatrix::operator=(VelMatrix const& other)
 {
@@ -171,16 +176,22 @@ int VelMatrix::SetMatrix(int rows, int columns, VelDataType type) noexcept
 {
     if (!isPossible(rows, columns, type))
         return 0;
-    unsigned char* zeroed = nullptr;
+    void* zeroed = nullptr;
     if (std::size_t const bytes = bytesOf(rows, columns, type)) {
-        zeroed = static_cast<unsigned char*>(std::calloc(bytes, 1));
+        zeroed = std::calloc(bytes, 1);
         if (!zeroed)
             return 0;
     }
-    std::free(std::exchange(elements, zeroed));
-    rowCount = rows;
-    columnCount = columns;
-    elementType = type;
+    replaceBy(zeroed, rows, columns, type, &std::free, zeroed);
+    return 1;
+}
+
+int VelMatrix::SetMatrixOver(void* data, int rows, int columns, VelDataType type,
+                             void (*release)(void*), void* dataOwner) noexcept
+{
+    if (!data || !release || !isPossible(rows, columns, type) || bytesOf(rows, columns, type) == 0)
+        return 0;
+    replaceBy(data, rows, columns, type, release, dataOwner);
     return 1;
 }
 
@@ -217,10 +228,25 @@ int VelMatrix::Replace(int row, int column, VelVar const& value) noexcept
     return 1;
 }
 
+void VelMatrix::replaceBy(void* data, int rows, int columns, VelDataType type,
+                          void (*release)(void*), void* dataOwner) noexcept
+{
+    VelMatrix former;
+    swap(former);
+    rowCount = rows;
+    columnCount = columns;
+    elementType = type;
+    elements = static_cast<unsigned char*>(data);
+    releaseOwner = release;
+    owner = dataOwner;
+}
+
 void VelMatrix::swap(VelMatrix& other) noexcept
 {
     std::swap(rowCount, other.rowCount);
     std::swap(columnCount, other.columnCount);
     std::swap(elementType, other.elementType);
     std::swap(elements, other.elements);
+    std::swap(releaseOwner, other.releaseOwner);
+    std::swap(owner, other.owner);
 }

@@ -54,6 +54,16 @@ public:
     /// The code of the element type.
     VelDataType Type() const noexcept;
 
+    /// Replaces the matrix by one whose elements are in the memory of the caller, without a copy:
+    /// row after row without gaps from @p data on, in one block, aligned for the element type, that
+    /// stays good until release(@p owner) is called, which happens once, when the matrix that has
+    /// taken the elements over is replaced or destroyed. Copies are deep as ever.
+    ///
+    /// Answers 1, or 0 with nothing changed and @p release never called for what SetMatrix()
+    /// refuses, for matrices without elements and for null @p data or @p release.
+    int SetMatrixOver(void* data, int rows, int columns, VelDataType type, void (*release)(void*),
+                      void* owner) noexcept;
+
     /// The first element; element (r, c) is at index r x Cols() + c. The matrix keeps owning the
     /// elements: the pointer is good until the matrix is replaced, assigned to or destroyed.
     void* MatrixData() const noexcept;
@@ -70,12 +80,18 @@ public:
 private:
     /// Null for positions outside the matrix.
     unsigned char* elementAt(int row, int column) const noexcept;
+    /// Takes over the elements at @p data and gives up the former ones.
+    VELDATA_NO_EXPORT void replaceBy(void* data, int rows, int columns, VelDataType type,
+                                     void (*release)(void*), void* dataOwner) noexcept;
     void swap(VelMatrix& other) noexcept;
 
     int rowCount;
     int columnCount;
     VelDataType elementType;
     unsigned char* elements;
+    /// Who is told, and what of, when the elements are not needed any more.
+    void (*releaseOwner)(void*);
+    void* owner;
 };
 
 #endif

@@ -47,21 +47,29 @@ std::size_t VelGeometry::bytes() const noexcept
     return static_cast<std::size_t>(rowBytes()) * static_cast<std::size_t>(height);
 }
 
-VelPixels::VelPixels(VelGeometry const& pixelGeometry, unsigned char* block) noexcept
-    : geometry(pixelGeometry), data(block), images(1)
+VelPixels::VelPixels(VelGeometry const& pixelGeometry, unsigned char* block,
+                     void (*giveBack)(void*), void* blockOwner) noexcept
+    : geometry(pixelGeometry), data(block), images(1), releaseOwner(giveBack), owner(blockOwner)
 {
 }
 
-VelPixels::~VelPixels() { std::free(data); }
+VelPixels::~VelPixels() { releaseOwner(owner); }
 
 VelPixels* VelPixels::adopt(void* block, VelGeometry const& geometry) noexcept
 {
-    auto* const pixels = block ? new (std::nothrow)
-                                     VelPixels(geometry, static_cast<unsigned char*>(block))
-                               : nullptr;
+    VelPixels* const pixels =
+        block ? over(static_cast<unsigned char*>(block), geometry, &std::free, block) : nullptr;
     if (!pixels)
         std::free(block);
     return pixels;
+}
+
+VelPixels* VelPixels::over(unsigned char* data, VelGeometry const& geometry,
+                           void (*giveBack)(void*), void* owner) noexcept
+{
+    return data && giveBack && geometry.isValid() ? new (std::nothrow)
+                                                        VelPixels(geometry, data, giveBack, owner)
+                                                  : nullptr;
 }
 
 VelPixels* VelPixels::create(VelGeometry const& geometry) noexcept

@@ -39,6 +39,12 @@ public:
     /// out. A huge block costs no memory until it is written.
     static VelPixels* create(VelGeometry const& geometry) noexcept;
 
+    /// Pixels in the memory of somebody else, tightly packed, counted once; giveBack(owner) is
+    /// called when nobody needs them any more. Null, and no call, for an invalid geometry and when
+    /// memory runs out.
+    static VelPixels* over(unsigned char* data, VelGeometry const& geometry,
+                           void (*giveBack)(void*), void* owner) noexcept;
+
     VelPixels(VelPixels const&) = delete;
     VelPixels& operator=(VelPixels const&) = delete;
 
@@ -55,10 +61,13 @@ private:
     /// Takes over @p block, which has room for the pixels; null if there is no memory for the rest.
     static VelPixels* adopt(void* block, VelGeometry const& geometry) noexcept;
 
-    VelPixels(VelGeometry const& pixelGeometry, unsigned char* block) noexcept;
+    VelPixels(VelGeometry const& pixelGeometry, unsigned char* block, void (*giveBack)(void*),
+              void* blockOwner) noexcept;
     ~VelPixels();
 
     std::atomic<int> images;
+    void (*const releaseOwner)(void*);
+    void* const owner;
 };
 
 #endif
