@@ -96,3 +96,34 @@ int VelRegion::GetRegionRuns(VelVarArray* rows, VelVarArray* firstColumns,
     *lastColumns = std::move(columns[2]);
     return 1;
 }
+
+int VelRegion::SetRuns(int width, int height, long const* numbers, long count)
+{
+    if (count < 0 || (!numbers && count > 0))
+        return 0;
+    std::vector<VelRun> given(static_cast<std::size_t>(count));
+    for (VelRun& run : given) {
+        run = {numbers[0], numbers[1], numbers[2]};
+        numbers += 3;
+    }
+    runs = VelRuns::of(std::move(given));
+    extentWidth = width < 0 ? 0 : width;
+    extentHeight = width < 0 ? 0 : height;
+    return 1;
+}
+
+long VelRegion::RunCount() const noexcept
+{
+    return runs ? static_cast<long>(runs->items.size()) : 0;
+}
+
+void VelRegion::CopyRuns(long* numbers) const noexcept
+{
+    if (!runs)
+        return;
+    for (VelRun const& run : runs->items) {
+        *numbers++ = run.row;
+        *numbers++ = run.first;
+        *numbers++ = run.last;
+    }
+}

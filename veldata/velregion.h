@@ -67,6 +67,19 @@ public:
     /// with nothing changed.
     int GetRegionRuns(VelVarArray* rows, VelVarArray* firstColumns, VelVarArray* lastColumns) const;
 
+    /// Replaces the region by the one of @p count runs, of each of which @p numbers holds the row,
+    /// the first and the last column, one behind the other; what the constructors say of runs and
+    /// extents holds. Answers 1, or 0 with nothing changed for a negative count and for null with
+    /// any other count than 0. Throws std::bad_alloc, with nothing changed.
+    int SetRuns(int width, int height, long const* numbers, long count);
+
+    /// The number of runs.
+    long RunCount() const noexcept;
+
+    /// Writes the runs, in order and as SetRuns() takes them, to @p numbers, which has room for
+    /// three times RunCount().
+    void CopyRuns(long* numbers) const noexcept;
+
 private:
     friend class VelRegionArray;
 

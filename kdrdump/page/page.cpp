@@ -329,6 +329,14 @@ Extent extentOf(std::vector<PagePart> const& parts)
             extent.bottom + margin};
 }
 
+std::string boxOf(Extent const& extent)
+{
+    std::ostringstream box;
+    box << std::setprecision(9) << extent.left << ' ' << extent.top << ' '
+        << extent.right - extent.left << ' ' << extent.bottom - extent.top;
+    return attribute("viewBox", box.str());
+}
+
 std::string picture(Extent const& extent, std::string const& ground,
                     std::vector<PagePart> const& parts, KindNames const& names, std::size_t first)
 {
@@ -338,12 +346,9 @@ std::string picture(Extent const& extent, std::string const& ground,
     Labels labels(std::max(8.0, std::min(width, height) / 24.0));
     for (std::size_t i = 0; i < parts.size(); ++i)
         content += figuresOf(parts[i], first + i, labels);
-    std::ostringstream box;
-    box << std::setprecision(9) << extent.left << ' ' << extent.top << ' ' << width << ' '
-        << height;
     return switchesFor(parts, names) +
            element("svg class=\"picture\" role=\"img\" aria-label=\"The picture with figures\"" +
-                       attribute("viewBox", box.str()),
+                       boxOf(extent),
                    '\n' + content) +
            (parts.empty() ? "\n"
                           : "\n<p class=\"readout\" aria-live=\"polite\">Point at a part or its "
@@ -367,6 +372,33 @@ std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
 std::string drawingOf(std::vector<PagePart> const& parts, std::size_t first)
 {
     return picture(extentOf(parts), "", parts, {}, first);
+}
+
+std::string sketchOf(KDRShapeArray const& figures)
+{
+    std::vector<PagePart> parts;
+    std::string content = element(
+        "style", ".sketch { width: 100%; max-width: 40rem; max-height: 40rem; } "
+                 ".sketch [data-kind] { fill: none; stroke-width: 1.5px; "
+                 "vector-effect: non-scaling-stroke; } "
+                 ".sketch .area { fill-opacity: .6; stroke: none; shape-rendering: crispEdges; } "
+                 ".sketch text { fill: currentColor; }");
+    for (int i = 0; i < figures.length(); ++i) {
+        PagePart part;
+        KDRString text;
+        KDRFont font;
+        // No name is written; but a text stands where no line tells.
+        double const nowhere = std::numeric_limits<double>::quiet_NaN();
+        if (!figures[i].toText(&part.label, &text, &font))
+            part.label = KDRPoint(nowhere, nowhere);
+        part.figures.push_back(figures[i]);
+        parts.push_back(part);
+        content += figureOf(figures[i]);
+    }
+    return element("svg class=\"sketch\" role=\"img\" aria-label=\"The figures\"" +
+                       attribute("xmlns", "http://www.w3.org/2000/svg") + boxOf(extentOf(parts)),
+                   content) +
+           '\n';
 }
 
 std::string tableOf(PageTable const& table, std::size_t first)

@@ -46,6 +46,9 @@ std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
 /// The figures of @p parts on an empty ground as large as they need.
 std::string drawingOf(std::vector<PagePart> const& parts, std::size_t first = 1);
 
+/// The figures alone, as a drawing that brings its style along and stands in any page.
+std::string sketchOf(KDRShapeArray const& figures);
+
 /// A table, in a frame of its own that scrolls where the page is narrow. The parts that its rows
 /// may stand for are counted from @p first.
 std::string tableOf(PageTable const& table, std::size_t first = 1);

@@ -2,7 +2,6 @@
 
 #include "failure.h"
 
-#include <QtCore/qbytearray.h>
 #include <QtCore/qfile.h>
 #include <QtCore/qtemporarydir.h>
 #include <cmath>
@@ -103,7 +102,7 @@ KDRImage shownOf(KDRImage const& image)
     return shown;
 }
 
-std::string addressOf(KDRImage const& image)
+QByteArray pngOf(KDRImage const& image)
 {
     QTemporaryDir const directory;
     QString const path = directory.filePath("picture.png");
@@ -111,7 +110,12 @@ std::string addressOf(KDRImage const& image)
     if (!directory.isValid() || shownOf(image).save(KDRString(path.utf16(), path.size())) == 0 ||
         !file.open(QIODevice::ReadOnly))
         throw Failure("cannot write a picture among the temporary files");
-    QByteArray const bytes = file.readAll();
+    return file.readAll();
+}
+
+std::string addressOf(KDRImage const& image)
+{
+    QByteArray const bytes = pngOf(image);
     KDRBuffer const written = KDRBuffer::fromRawData(bytes.constData(), bytes.size());
     return std::string("data:image/png;base64,") + written.toBase64().constData();
 }

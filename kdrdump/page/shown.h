@@ -1,6 +1,7 @@
 #ifndef KDRDUMP_PAGE_SHOWN_H
 #define KDRDUMP_PAGE_SHOWN_H
 
+#include <QtCore/qbytearray.h>
 #include <string>
 
 #include <kdrdata/vision/kdrimage.h>
@@ -11,8 +12,11 @@ namespace page {
 /// values of other depths are stretched from the least to the greatest that is a number.
 KDRImage shownOf(KDRImage const& image);
 
-/// A `data:` address that holds the picture, as every browser shows it. Throws Failure where it
-/// cannot be written among the temporary files.
+/// The picture as every browser shows it, as PNG. Throws Failure where it cannot be written among
+/// the temporary files.
+QByteArray pngOf(KDRImage const& image);
+
+/// A `data:` address that holds pngOf().
 std::string addressOf(KDRImage const& image);
 
 } // namespace page

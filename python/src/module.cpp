@@ -21,6 +21,7 @@ PYBIND11_MODULE(_kdrdata, m)
     bindContour(m);
     bindFont(m);
     bindShape(m);
+    bindModels(m);
     bindGeometry3d(m);
     bindVariant(m);
     bindIo(m);

@@ -20,6 +20,7 @@ void bindPoint(py::module_& m);
 void bindContour(py::module_& m);
 void bindFont(py::module_& m);
 void bindShape(py::module_& m);
+void bindModels(py::module_& m);
 void bindGeometry3d(py::module_& m);
 
 void bindVariant(py::module_& m);
