@@ -3,20 +3,21 @@
 from __future__ import annotations
 
 import contextlib
+import logging
 import os
 import pathlib
 import tempfile
 import uuid
-from collections.abc import Callable, Iterator, Sequence
+from collections.abc import Callable, Iterator
 from typing import Any, Optional
 
 import dask
 import inspection
-from distributed import Client, Future, KilledWorker, LocalCluster, as_completed
+from distributed import Client, Future, KilledWorker, LocalCluster, as_completed, wait
 from kdrdata import Variant
 
 SUFFIXES = {".bmp", ".jpeg", ".jpg", ".pbm", ".pgm", ".png", ".pnm", ".ppm", ".tif", ".tiff"}
-# A task that was on so many workers when they died is given up; it may be what they died of.
+# A task that was with more workers when they died is given up: it may be what they die of.
 FAILURES_ALLOWED = 3
 # Recipes that one task joins.
 JOINED_AT_ONCE = 32
@@ -47,7 +48,11 @@ def local_client(workers: int) -> Iterator[Client]:
                 processes=True,
                 host="127.0.0.1",
                 dashboard_address=None,
+                # There is no page of the scheduler, but its counters are served in any case.
+                scheduler_kwargs={"dashboard": False, "dashboard_address": "127.0.0.1:0"},
                 local_directory=scratch,
+                # Workers that end slowly or begin anew are nothing to tell; the results are the same.
+                silence_logs=logging.ERROR,
             )
         )
         yield stack.enter_context(Client(cluster))
@@ -61,37 +66,49 @@ def remote_client(address: str) -> Iterator[Client]:
         yield client
 
 
-def _tasks(paths: Paths, parameters: Variant, batch: int) -> list[tuple[list[str], Any]]:
+def _tasks(
+    paths: Paths, parameters: Variant, batch: int, shown: int
+) -> list[tuple[list[str], Any]]:
     """The names of pictures and the task that ends in their results, for all pictures."""
     # Others may use the same scheduler.
     run = uuid.uuid4().hex
     # A task of its own: whoever loses them has them again.
     known = dask.delayed(parameters, name=f"parameters-{run}", traverse=False)
+    names = list(paths)
 
     def task(tool: Callable[..., Variant], number: int, *given: Any) -> Any:
         key = f"{tool.__name__}-{run}-{number}"
         return dask.delayed(tool, pure=False)(*given, dask_key_name=key)
 
-    names = list(paths)
-    if batch > 1:
-        batches = [names[first : first + batch] for first in range(0, len(names), batch)]
-        return [
-            (part, task(inspection.inspect_batch, i, {name: paths[name] for name in part}, known))
-            for i, part in enumerate(batches)
-        ]
-    tasks = []
-    for i, name in enumerate(names):
-        smoothed = task(inspection.smooth, i, task(inspection.read, i, paths[name]), known)
-        measured = task(inspection.measure, i, task(inspection.segment, i, smoothed), known)
-        tasks.append(([name], task(inspection.named, i, name, measured)))
-    return tasks
+    def all_in_one(number: int, part: list[str]) -> Any:
+        some = {name: paths[name] for name in part}
+        kept = [name for name in names[:shown] if name in some]
+        return task(inspection.inspect_batch, number, some, known, kept)
+
+    def one_by_one(number: int, name: str) -> Any:
+        picture = task(inspection.read, number, paths[name])
+        segments = task(inspection.segment, number, task(inspection.smooth, number, picture, known))
+        measured = task(inspection.measure, number, segments, known)
+        kept = [picture] if number < shown else []
+        return task(inspection.named, number, name, measured, *kept)
+
+    if batch == 1:
+        return [([name], one_by_one(i, name)) for i, name in enumerate(names)]
+    parts = [names[first : first + batch] for first in range(0, len(names), batch)]
+    return [(part, all_in_one(i, part)) for i, part in enumerate(parts)]
 
 
-def _survivors(names: list[str], future: Future) -> Any:
-    """The future, or what is said of pictures that took every worker with them."""
-    if future.status == "error" and isinstance(future.exception(), KilledWorker):
-        words = "the worker died, again and again, while it had this picture"
-        return inspection.recipe_of({name: inspection.failure(words) for name in names})
+def _was_killed(future: Future) -> bool:
+    return future.status == "error" and isinstance(future.exception(), KilledWorker)
+
+
+def _alone(client: Client, name: str, path: str, parameters: Variant, kept: list[str]) -> Any:
+    """The result of a picture while nothing else runs, so that it alone can be what kills."""
+    tool = inspection.inspect_batch
+    future = client.submit(tool, {name: path}, parameters, kept, pure=False)
+    wait(future)
+    if _was_killed(future):
+        return inspection.named(name, inspection.failure("every worker with this picture dies"))
     return future
 
 
@@ -100,14 +117,16 @@ def inspect(
     paths: Paths,
     parameters: Variant,
     batch: int = 1,
+    shown: int = 0,
     told: Optional[Callable[[int], None]] = None,
 ) -> Variant:
-    """The summary of the pictures, which depends on them and the parameters alone.
+    """The summary of the pictures, which depends on nothing but them, the parameters and shown.
 
     With a batch of one, each tool is a task for each picture; else the tools run for that many
-    pictures in one task. Who is told hears how many pictures are done.
+    pictures in one task. The results of the first pictures, as many as are shown, hold the
+    pictures. Who is told hears how many are done.
     """
-    tasks = _tasks(paths, parameters, batch)
+    tasks = _tasks(paths, parameters, batch, shown)
     futures: list[Future] = client.compute([task for _, task in tasks])
     counts = {future.key: len(names) for future, (names, _) in zip(futures, tasks)}
     done = 0
@@ -116,10 +135,16 @@ def inspect(
         if told:
             told(done)
 
-    parts: Sequence[Any] = [_survivors(names, each) for (names, _), each in zip(tasks, futures)]
+    parts: list[Any] = []
+    for future, (names, _) in zip(futures, tasks):
+        if _was_killed(future):
+            kept = list(paths)[:shown]
+            parts += [_alone(client, name, paths[name], parameters, kept) for name in names]
+        else:
+            parts.append(future)
     while len(parts) > 1:
         parts = [
-            client.submit(inspection.joined, list(parts[i : i + JOINED_AT_ONCE]), pure=False)
+            client.submit(inspection.joined, parts[i : i + JOINED_AT_ONCE], pure=False)
             for i in range(0, len(parts), JOINED_AT_ONCE)
         ]
     summary: Variant = client.submit(

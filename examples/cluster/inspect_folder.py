@@ -49,6 +49,12 @@ def parser() -> argparse.ArgumentParser:
     made.add_argument(
         "--parameters", type=pathlib.Path, metavar="FILE", help="a saved recipe with parameters"
     )
+    made.add_argument(
+        "--pictures",
+        type=int,
+        default=6,
+        help="so many results hold their picture, which the report shows (%(default)s)",
+    )
     made.add_argument("--sample", type=positive, help="inspect so many, chosen by chance")
     made.add_argument(
         "--seed", type=int, default=1, help="which ones those are (%(default)s)"
@@ -89,7 +95,10 @@ def run(arguments: argparse.Namespace) -> str:
     else:
         connection = graph.local_client(arguments.workers)
     with connection as client:
-        summary = graph.inspect(client, paths, parameters, arguments.batch, progress(len(paths)))
+        told = progress(len(paths))
+        summary = graph.inspect(
+            client, paths, parameters, arguments.batch, arguments.pictures, told
+        )
 
     kdrdata.save(summary, arguments.out / "summary.kdr")
     report = arguments.out / "report.html"

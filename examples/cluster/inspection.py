@@ -8,8 +8,8 @@ from __future__ import annotations
 
 import functools
 import os
-from collections.abc import Callable, Mapping, Sequence
-from typing import Any
+from collections.abc import Callable, Collection, Mapping, Sequence
+from typing import Any, Optional
 
 import numpy
 from dask.sizeof import sizeof
@@ -142,7 +142,7 @@ def segment(smoothed: Variant) -> Variant:
 
 @_tool
 def measure(segments: Variant, parameters: Variant) -> Variant:
-    """The recipe of a picture: its coins as circles with their areas, and what they were found by."""
+    """The recipe of a picture: its whole coins as circles with their areas, and their pixels."""
     values = values_of(segments)
     limits = values_of(parameters)
     mask = values["region"].content.region.to_mask()
@@ -151,6 +151,8 @@ def measure(segments: Variant, parameters: Variant) -> Variant:
     areas = numpy.bincount(labels.ravel(), minlength=count + 1)[1:]
     radii = numpy.sqrt(areas / numpy.pi)
     fits = (radii >= limits["smallest radius"].value) & (radii <= limits["largest radius"].value)
+    edges = numpy.concatenate([labels[0], labels[-1], labels[:, 0], labels[:, -1]])
+    fits &= ~numpy.isin(places, edges)
     circles = ShapeArray()
     for (y, x), radius in zip(ndimage.center_of_mass(mask, labels, places[fits]), radii[fits]):
         circles.append(Shape.circle(x=float(x), y=float(y), radius=float(radius)))
@@ -173,19 +175,21 @@ def measure(segments: Variant, parameters: Variant) -> Variant:
     )
 
 
-def inspect_picture(path: str, parameters: Variant) -> Variant:
-    """All tools for one picture, in one call."""
-    return measure(segment(smooth(read(path), parameters)), parameters)
-
-
-def named(name: str, result: Variant) -> Variant:
-    """The recipe that has one result under the name of its picture."""
+def named(name: str, result: Variant, picture: Optional[Variant] = None) -> Variant:
+    """The recipe that has one result under the name of its picture, which it begins with if given."""
+    if picture is not None and not error_of(result):
+        result = joined([recipe_of({"picture": picture}), result])
     return recipe_of({name: result})
 
 
-def inspect_batch(paths: Mapping[str, str], parameters: Variant) -> Variant:
-    """The results of some pictures by their names."""
-    return recipe_of({name: inspect_picture(path, parameters) for name, path in paths.items()})
+def inspect_batch(paths: Mapping[str, str], parameters: Variant, shown: Collection[str]) -> Variant:
+    """The results of some pictures by their names, those of some with the picture; all in one call."""
+    results = []
+    for name, path in paths.items():
+        picture = read(path)
+        result = measure(segment(smooth(picture, parameters)), parameters)
+        results.append(named(name, result, picture if name in shown else None))
+    return joined(results)
 
 
 def joined(recipes: Sequence[Variant]) -> Variant:
