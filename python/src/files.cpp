@@ -23,7 +23,11 @@ namespace {
 
 kdrio::Limits limitsOf(py::handle limits)
 {
-    return limits.is_none() ? kdrio::Limits() : limits.cast<kdrio::Limits const&>();
+    if (limits.is_none())
+        return {};
+    if (!py::isinstance<kdrio::Limits>(limits))
+        raiseWrongType("limits", "Limits or None", limits);
+    return limits.cast<kdrio::Limits const&>();
 }
 
 kdrio::SaveOptions optionsOf(std::string const& pixels)

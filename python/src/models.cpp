@@ -6,6 +6,8 @@
 #include <kdrdata/geometry3d/kdrpose3d.h>
 #include <veldata/velmodelrecord_p.h>
 
+#include <climits>
+
 // Small records: poses, models, alignments, chunks.
 
 namespace kdrpython {
@@ -141,6 +143,8 @@ which this version carries and does not compute.)");
 
 KDRVariant Carried<KDRMatchModel>::pack(KDRMatchModel const& value)
 {
+    if (value.GetLenth() > static_cast<unsigned long long>(INT_MAX))
+        throw py::value_error("a model of 2 GiB and more cannot be saved");
     std::string const bytes = bytesOf(value);
     return KDRVariant(KDRBuffer(bytes.data(), static_cast<int>(bytes.size())));
 }

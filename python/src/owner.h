@@ -7,9 +7,11 @@ namespace kdrpython {
 
 /// Takes a share of a Python object for memory of its that the core library works on: what to give
 /// as `owner` where releaseOwner() is given as `release`. Called with the interpreter's lock.
-void* ownerOf(py::handle object) noexcept;
+void* ownerOf(py::handle object);
 
 /// Gives that share back, in whichever thread, and leaves it where the interpreter has ended.
+/// Without the interpreter's lock, the share waits for the interpreter's next step: who calls may
+/// hold a lock of the library that the holder of the interpreter's waits for.
 void releaseOwner(void* owner) noexcept;
 
 /// An array of NumPy or another object that keeps @p value for as long as it lives: a capsule to be

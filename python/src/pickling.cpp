@@ -11,6 +11,9 @@
 
 #include <pybind11/numpy.h>
 
+#include <veldata/velimage.h>
+
+#include <cstdint>
 #include <limits>
 
 namespace kdrpython {
@@ -76,24 +79,67 @@ py::object pixelsOf(KDRImage const& image, bool outOfBand)
     return py::module_::import("pickle").attr("PickleBuffer")(view);
 }
 
+struct Geometry
+{
+    int width;
+    int height;
+    int channels;
+    VelImageType type;
+};
+
+constexpr int elementSizes[] = {1, 1, 2, 2, 4, 4, 8};
+
+// The geometry comes with the pixels: none is believed before the size of these is right.
+Geometry geometryOf(py::tuple const& picture, long long size)
+{
+    constexpr std::size_t fields = 5;
+    if (picture.size() != fields)
+        throw py::value_error("a picture has pixels, a size, channels and an element type");
+    Geometry const geometry = {picture[1].cast<int>(), picture[2].cast<int>(),
+                               picture[3].cast<int>(), picture[4].cast<int>()};
+    constexpr int mostChannels = 4;
+    bool const isPicture = geometry.width > 0 && geometry.height > 0 && geometry.channels > 0 &&
+                           geometry.channels <= mostChannels && geometry.type >= VEL_8U &&
+                           geometry.type <= VEL_64F;
+    if (!isPicture || size % geometry.height != 0 ||
+        size / geometry.height != static_cast<long long>(geometry.width) * geometry.channels *
+                                      elementSizes[geometry.type])
+        throw py::value_error("the pixels of a picture are not of its size");
+    return geometry;
+}
+
+// An image over the buffer, or of a copy of it where that may not be written to, or lies where its
+// elements cannot be read in one piece.
 KDRImage imageOver(py::tuple const& picture)
 {
-    auto const width = picture[1].cast<int>();
-    auto const height = picture[2].cast<int>();
-    auto const channels = picture[3].cast<int>();
-    auto const type = static_cast<KDRImage::DataType>(picture[4].cast<int>());
-    py::buffer_info const pixels = py::reinterpret_borrow<py::buffer>(picture[0]).request();
-    KDRImage image;
-    // The geometry comes with the pixels: none is believed before the size is.
-    constexpr int sizes[] = {1, 1, 2, 2, 4, 4, 8};
-    long long const size = static_cast<long long>(pixels.size) * pixels.itemsize;
-    if (type < 0 || type > KDRImage::DataTypeFloat64 || width < 1 || height < 1 || channels < 1 ||
-        channels > 4 || size / width / height != static_cast<long long>(channels) * sizes[type] ||
-        size % (static_cast<long long>(width) * height) != 0)
-        throw py::value_error("the pixels of a picture are not of its size");
-    if (image.GenImageExt(pixels.ptr, width, height, channels, 0, type) == 0)
+    auto const view =
+        py::reinterpret_steal<py::object>(PyMemoryView_FromObject(py::object(picture[0]).ptr()));
+    if (!view)
+        throw py::error_already_set();
+    Py_buffer const& pixels = *PyMemoryView_GET_BUFFER(view.ptr());
+    if (PyBuffer_IsContiguous(&pixels, 'C') == 0)
+        throw py::value_error("the pixels of a picture lie row behind row");
+    Geometry const geometry = geometryOf(picture, pixels.len);
+    auto* const data = static_cast<unsigned char*>(pixels.buf);
+    auto const element = static_cast<std::size_t>(elementSizes[geometry.type]);
+    VelImage image;
+    int made = 0;
+    if (pixels.readonly == 0 && reinterpret_cast<std::uintptr_t>(data) % element == 0) {
+        void* const owner = ownerOf(view);
+        made = image.CreateImageOver(data, geometry.width, geometry.height, geometry.channels,
+                                     geometry.type, releaseOwner, owner);
+        if (made == 0)
+            releaseOwner(owner);
+    } else {
+        py::gil_scoped_release const unlocked;
+        made = image.CreateImage(data, geometry.width, geometry.height, geometry.channels, 0,
+                                 geometry.type);
+    }
+    if (made == 0)
         throw std::bad_alloc();
-    return image;
+    KDRImage handle;
+    KDRInternal::wrapped(handle) = image;
+    return handle;
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace {
 
 // Carries out what takes long while other threads run.
 template <class Make>
-auto unlocked(Make const& make)
+auto whileUnlocked(Make const& make)
 {
     try {
         py::gil_scoped_release const unlocked;
@@ -32,7 +32,7 @@ std::string captioned(std::string const& picture, std::string const& description
 
 py::bytes pngOf(KDRImage const& image)
 {
-    QByteArray const png = unlocked([&image] { return page::pngOf(image); });
+    QByteArray const png = whileUnlocked([&image] { return page::pngOf(image); });
     return py::bytes(png.constData(), static_cast<std::size_t>(png.size()));
 }
 
@@ -40,7 +40,7 @@ std::string htmlOf(KDRImage const& image, std::string const& description)
 {
     if (!image.dataPtr())
         return captioned("", description);
-    std::string const address = unlocked([&image] { return page::addressOf(image); });
+    std::string const address = whileUnlocked([&image] { return page::addressOf(image); });
     return captioned("<img style=\"max-width: 100%\" alt=\"the image\"" +
                          page::attribute("src", address) + "/>",
                      description);
@@ -48,7 +48,7 @@ std::string htmlOf(KDRImage const& image, std::string const& description)
 
 std::string htmlOf(std::vector<KDRShape> const& figures, std::string const& description)
 {
-    return captioned(unlocked([&figures] {
+    return captioned(whileUnlocked([&figures] {
                          KDRShapeArray drawn;
                          for (KDRShape const& figure : figures)
                              drawn.push_back(figure);

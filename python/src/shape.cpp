@@ -115,7 +115,8 @@ void put(Parameters& parameters, Part part, py::handle value, std::string const&
             } catch (py::cast_error const&) {
                 char const* const wanted = std::is_same_v<Type, double> ? "a number"
                                            : std::is_same_v<Type, int>  ? "an integer"
-                                                                        : "another class";
+                                           : part == Part::Region       ? "a Region"
+                                                                        : "a Font";
                 raiseWrongType(where, wanted, value);
             }
     });

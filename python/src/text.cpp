@@ -72,16 +72,21 @@ void mustBeCountable(py::ssize_t length)
         throw std::bad_alloc();
 }
 
-KDRBuffer bufferOf(py::buffer const& bytes)
+KDRBuffer bufferOf(py::handle bytes)
 {
     Py_buffer view{};
-    if (PyObject_GetBuffer(bytes.ptr(), &view, PyBUF_CONTIG_RO) != 0)
+    if (PyObject_GetBuffer(bytes.ptr(), &view, PyBUF_FULL_RO) != 0)
         throw py::error_already_set();
     auto const release = std::unique_ptr<Py_buffer, void (*)(Py_buffer*)>(&view, PyBuffer_Release);
     if (view.len > std::numeric_limits<int>::max() - 64)
         throw std::bad_alloc();
-    return KDRBuffer(view.len > 0 ? static_cast<char const*>(view.buf) : "",
-                     static_cast<int>(view.len));
+    auto const size = static_cast<int>(view.len);
+    if (PyBuffer_IsContiguous(&view, 'C') != 0)
+        return KDRBuffer(size > 0 ? static_cast<char const*>(view.buf) : "", size);
+    KDRBuffer made(size, '\0');
+    if (PyBuffer_ToContiguous(made.data(), &view, view.len, 'C') != 0)
+        throw py::error_already_set();
+    return made;
 }
 
 void bindString(py::module_& m)
@@ -387,7 +392,7 @@ KDRBuffer toBuffer(py::handle bytes, std::string const& where)
         return bytes.cast<KDRBuffer const&>();
     if (!PyObject_CheckBuffer(bytes.ptr()))
         raiseWrongType(where, "bytes", bytes);
-    return bufferOf(py::reinterpret_borrow<py::buffer>(bytes));
+    return bufferOf(bytes);
 }
 
 KDRString toPath(py::handle path)

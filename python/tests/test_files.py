@@ -111,7 +111,7 @@ def test_options_are_named():
 
 
 def test_json_is_shorter_where_it_is_asked_to_be():
-    assert to_json([1, "a"], compact=True) == '[1,"a"]\n'
+    assert to_json([1, "a"], compact=True) == '[1,"a"]'
     numbers = list(range(10))
     assert to_json(numbers, longest=9) != to_json(numbers, longest=10) == to_json(numbers, longest=-1)
 

@@ -207,5 +207,5 @@ def test_copies_and_pickles_are_equal_and_independent(made):
 def test_reprs_tell_the_elements_of_short_arrays():
     assert repr(kdrdata.NumberArray([1, 2.5])) == "NumberArray([1, 2.5])"
     assert repr(kdrdata.StringArray(["a", None])) == "StringArray(['a', None])"
-    assert repr(kdrdata.VariantArray([1, ["a"]])) == "VariantArray([1, ['a']])"
+    assert repr(kdrdata.VariantArray([1, ["a", 2]])) == "VariantArray([1, ['a', 2]])"
     assert repr(kdrdata.BoolArray([True] * 11)).endswith(", True, ... 11 in all])")

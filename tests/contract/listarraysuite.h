@@ -7,6 +7,8 @@
 
 #include <QtCore/qlist.h>
 
+#include "../support/withoutobject.h"
+
 /// What the arrays over a Qt list share beyond the contract of all arrays, as a typed suite with
 /// the traits of arraysuite.h and `bool isDefault(Element const&)`: how they share their lists, and
 /// what a handle without one does.
@@ -36,13 +38,6 @@ protected:
         EXPECT_TRUE(array.removeAt(1));
         EXPECT_TRUE(array.removeAt(0));
         return array;
-    }
-
-    // What a handle looks like whose destructor has run.
-    static void takeTheListFrom(Array& array)
-    {
-        delete KDRInternal::pointer(array);
-        KDRInternal::pointer(array) = nullptr;
     }
 };
 
@@ -99,8 +94,8 @@ TYPED_TEST_P(ListArrayContract, IndexOutsideIsAssertedInDebugBuilds)
 
 TYPED_TEST_P(ListArrayContract, HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty)
 {
-    typename TypeParam::Array empty;
-    this->takeTheListFrom(empty);
+    WithoutObject<typename TypeParam::Array> bare;
+    auto& empty = bare.handle;
     auto array = this->twoElements();
     array = empty;
     EXPECT_EQ(array.length(), 2);

@@ -9,6 +9,8 @@
 
 #include <random>
 
+#include "../support/withoutobject.h"
+
 namespace {
 
 template <class ArrayClass, class ElementClass>
@@ -186,10 +188,8 @@ TYPED_TEST(ListArray3D, AppendingToAnArrayWithoutStorageSharesAndToAnEmptiedOneC
 
 TYPED_TEST(ListArray3D, HandlesWithoutAListAreSkippedByAssignmentAndCopiedAsEmpty)
 {
-    // What a handle looks like whose destructor has run.
-    typename TypeParam::Array empty;
-    delete KDRInternal::pointer(empty);
-    KDRInternal::pointer(empty) = nullptr;
+    WithoutObject<typename TypeParam::Array> bare;
+    auto& empty = bare.handle;
 
     auto array = this->ofLength(2);
     EXPECT_EQ(&(array = empty), &array);

@@ -39,13 +39,11 @@ TYPED_TEST(DestroyedHandle, LeavesANullPointer)
 
 TEST(DestroyedPointRecord, LeavesANullPointer)
 {
-    alignas(KDRPointPrivate) unsigned char place[sizeof(KDRPointPrivate)];
-    auto* const record = new (place) KDRPointPrivate;
-    auto const offset = reinterpret_cast<unsigned char*>(&KDRInternal::pointer(*record)) - place;
-    record->~KDRPointPrivate();
-    void* left = place;
-    std::memcpy(&left, place + offset, sizeof left);
-    EXPECT_EQ(left, nullptr);
+    Place<KDRPointPrivate> place;
+    KDRPointPrivate& record = place.create();
+    auto const offset = place.offsetOf(KDRInternal::pointer(record));
+    record.~KDRPointPrivate();
+    EXPECT_EQ(place.left<void*>(offset), nullptr);
 }
 
 template <class Handle>

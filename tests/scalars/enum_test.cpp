@@ -14,7 +14,9 @@
 #include <string>
 #include <vector>
 
+#include "../support/handleplace.h"
 #include "../support/qtprinters.h"
+#include "../support/withoutobject.h"
 
 namespace {
 
@@ -275,10 +277,8 @@ TEST(EnumPrivate, NumbersKeepTheirRanges)
 
 TEST(Enum, HandlesWithoutARecordAreSkippedByAssignmentAndCopiedAsDefaults)
 {
-    // What a handle looks like whose destructor has run.
-    KDREnum empty;
-    delete KDRInternal::pointer(empty);
-    KDRInternal::pointer(empty) = nullptr;
+    WithoutObject<KDREnum> bare;
+    auto& empty = bare.handle;
 
     KDREnum selection = twoOptions();
     selection = empty;
@@ -317,14 +317,12 @@ TEST(EnumPrivate, AssignmentAndCopyCarryEveryField)
 
 TEST(EnumPrivate, DestructionLeavesNothingChosenBehind)
 {
-    alignas(KDREnumPrivate) unsigned char place[sizeof(KDREnumPrivate)];
-    auto* const record = new (place) KDREnumPrivate;
-    record->currentValue = 7;
-    auto const offset = reinterpret_cast<unsigned char*>(&record->currentValue) - place;
-    record->~KDREnumPrivate();
-    int left = 0;
-    std::memcpy(&left, place + offset, sizeof left);
-    EXPECT_EQ(left, -1);
+    Place<KDREnumPrivate> place;
+    KDREnumPrivate& record = place.create();
+    record.currentValue = 7;
+    auto const offset = place.offsetOf(record.currentValue);
+    record.~KDREnumPrivate();
+    EXPECT_EQ(place.left<int>(offset), -1);
 }
 
 TEST(EnumPrivate, DestructionLeavesOtherHoldersTheirLists)

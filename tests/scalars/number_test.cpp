@@ -13,6 +13,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "../support/withoutobject.h"
+
 namespace {
 
 KDRNumber ranged(double value)
@@ -142,25 +144,10 @@ TEST(Number, TheStepIsCarriedByAssignmentAndNotByCopyConstruction)
     EXPECT_EQ(recordOf(number).step, 0.5);
 }
 
-// What a handle looks like whose destructor has run; the record is given back in the end, to be
-// freed.
-struct WithoutARecord
-{
-    KDRNumber number;
-
-    WithoutARecord() { std::swap(KDRInternal::pointer(number), kept); }
-    ~WithoutARecord() { std::swap(KDRInternal::pointer(number), kept); }
-    WithoutARecord(WithoutARecord const&) = delete;
-    WithoutARecord& operator=(WithoutARecord const&) = delete;
-
-private:
-    KDRNumberPrivate* kept = nullptr;
-};
-
 TEST(Number, WithoutARecordTakesNoValueAndReadsAsZero)
 {
-    WithoutARecord bare;
-    KDRNumber& number = bare.number;
+    WithoutObject<KDRNumber> bare;
+    KDRNumber& number = bare.handle;
     number.fromInt(1);
     number.fromLong(2L);
     number.fromLongLong(3LL);
@@ -176,15 +163,15 @@ TEST(Number, WithoutARecordTakesNoValueAndReadsAsZero)
 
 TEST(Number, WithoutARecordIsSkippedByAssignmentAndCopiedAsZero)
 {
-    WithoutARecord bare;
+    WithoutObject<KDRNumber> bare;
     KDRNumber number = KDRNumber(1.5);
     number.setMaxValue(10.0);
-    EXPECT_EQ(&(number = bare.number), &number);
+    EXPECT_EQ(&(number = bare.handle), &number);
     EXPECT_EQ(number.toDouble(), 1.5);
     EXPECT_EQ(number.maxValue(), 10.0);
-    EXPECT_EQ(&(bare.number = number), &bare.number);
-    EXPECT_EQ(KDRInternal::pointer(bare.number), nullptr);
-    KDRNumber copy(bare.number);
+    EXPECT_EQ(&(bare.handle = number), &bare.handle);
+    EXPECT_EQ(KDRInternal::pointer(bare.handle), nullptr);
+    KDRNumber copy(bare.handle);
     EXPECT_NE(KDRInternal::pointer(copy), nullptr);
     EXPECT_EQ(copy.numType(), 0);
     EXPECT_EQ(copy.toLongLong(), 0);

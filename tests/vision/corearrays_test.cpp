@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "../contract/arraysuite.h"
+#include "../support/withoutobject.h"
 #include "regions.h"
 
 namespace {
@@ -135,26 +136,10 @@ TYPED_TEST(CoreArray, IndexOutsideIsTheCoreLibrarysInDebugBuildsToo)
         expectDefault(array[index]);
 }
 
-/// An array as a handle looks whose destructor has run, for as long as this lives.
-template <class Array>
-class WithoutAnArray
-{
-public:
-    WithoutAnArray() : kept(std::exchange(KDRInternal::pointer(array), nullptr)) {}
-    ~WithoutAnArray() { KDRInternal::pointer(array) = kept; }
-    WithoutAnArray(WithoutAnArray const&) = delete;
-    WithoutAnArray& operator=(WithoutAnArray const&) = delete;
-
-    Array array;
-
-private:
-    std::decay_t<decltype(KDRInternal::pointer(std::declval<Array&>()))> kept;
-};
-
 TYPED_TEST(CoreArray, HandlesWithoutAnArrayReadAsDefaults)
 {
-    WithoutAnArray<typename TypeParam::Array> const empty;
-    expectDefault(empty.array[0]);
+    WithoutObject<typename TypeParam::Array> const empty;
+    expectDefault(empty.handle[0]);
 }
 
 template <class Traits>
@@ -167,14 +152,14 @@ TYPED_TEST_SUITE(AssignedCoreArray, AssignedCoreArrays, );
 
 TYPED_TEST(AssignedCoreArray, HandlesWithoutAnArrayAreSkipped)
 {
-    WithoutAnArray<typename TypeParam::Array> empty;
+    WithoutObject<typename TypeParam::Array> empty;
     typename TypeParam::Array array;
     array.push_back(TypeParam::make(4));
-    EXPECT_EQ(&(array = empty.array), &array);
+    EXPECT_EQ(&(array = empty.handle), &array);
     ASSERT_EQ(array.length(), 1);
     EXPECT_EQ(TypeParam::read(array[0]), 4);
-    EXPECT_EQ(&(empty.array = array), &empty.array);
-    EXPECT_EQ(KDRInternal::pointer(empty.array), nullptr);
+    EXPECT_EQ(&(empty.handle = array), &empty.handle);
+    EXPECT_EQ(KDRInternal::pointer(empty.handle), nullptr);
 }
 
 TEST(PointArray, KeepsNoRanges)

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "../support/localcodec.h"
+#include "../support/withoutobject.h"
 
 namespace {
 
@@ -111,16 +112,14 @@ TEST(Image, AnImageMadeAnewLeavesItsCopiesTheirPixels)
 
 TEST(Image, HandlesWithoutAnImageAreSkippedByAssignmentAndHoldBytes)
 {
-    // What a handle looks like whose destructor has run.
-    KDRImage empty;
-    auto* const kept = std::exchange(KDRInternal::pointer(empty), nullptr);
+    WithoutObject<KDRImage> bare;
+    KDRImage& empty = bare.handle;
     KDRImage image = greyImage();
     EXPECT_EQ(&(image = empty), &image);
     EXPECT_EQ(pixelsOf(image), pixels);
     EXPECT_EQ(&(empty = image), &empty);
     EXPECT_EQ(KDRInternal::pointer(empty), nullptr);
     EXPECT_EQ(empty.dataType(), KDRImage::DataTypeUInt8);
-    KDRInternal::pointer(empty) = kept;
 }
 
 TEST(Image, CloneHasPixelsOfItsOwn)

@@ -2,6 +2,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -38,8 +39,11 @@ struct Faults
     Faults& operator=(Faults const&) = delete;
     ~Faults() { current = nullptr; }
 
-    std::function<bool(std::size_t& size, ssize_t& answer)> onRead;
-    std::function<bool(std::size_t& size, ssize_t& answer)> onWrite;
+    /// Whether the call was answered here; if not, it is made for that many bytes.
+    using Transfer = std::function<bool(std::size_t& size, ssize_t& answer)>;
+
+    Transfer onRead;
+    Transfer onWrite;
     std::function<void(char const* path, int flags)> onOpen;
     std::function<bool(int& answer)> onOwn;
     std::function<bool(int& answer)> onSync;
@@ -62,6 +66,42 @@ int fail(int error)
 {
     errno = error;
     return -1;
+}
+
+/// Lets calls pass, and counts them.
+Faults::Transfer counted(int& count)
+{
+    return [&count](std::size_t&, ssize_t&) {
+        ++count;
+        return false;
+    };
+}
+
+/// Interrupts every third call, and lets the others pass for at most @p piece bytes; counts all.
+Faults::Transfer interrupted(std::size_t piece, int& count)
+{
+    return [piece, &count](std::size_t& size, ssize_t& answer) {
+        if (++count % 3 == 0) {
+            answer = fail(EINTR);
+            return true;
+        }
+        size = std::min(size, piece);
+        return false;
+    };
+}
+
+/// Lets @p good calls pass, for at most @p piece bytes each, and fails all that follow; counts
+/// both.
+Faults::Transfer failingAfter(int good, int error, std::size_t piece, int& count)
+{
+    return [good, error, piece, &count](std::size_t& size, ssize_t& answer) {
+        if (++count > good) {
+            answer = fail(error);
+            return true;
+        }
+        size = std::min(size, piece);
+        return false;
+    };
 }
 
 } // namespace
@@ -290,14 +330,7 @@ TEST_F(VelImageFaults, AnOwnerThatCannotBeKeptIsGivenUpUnlessTheFileSystemFails)
 TEST_F(VelImageFaults, WritesThatTakeALittleAtATimeAreContinued)
 {
     int count = 0;
-    faults.onWrite = [&count](std::size_t& size, ssize_t& answer) {
-        if (++count % 3 == 0) {
-            answer = fail(EINTR);
-            return true;
-        }
-        size = std::min<std::size_t>(size, 1000);
-        return false;
-    };
+    faults.onWrite = interrupted(1000, count);
     EXPECT_TRUE(saves(path));
     EXPECT_GT(count, 100);
     EXPECT_TRUE(reads(path));
@@ -307,14 +340,7 @@ TEST_F(VelImageFaults, AWriteThatFailsHalfwayIsAFailure)
 {
     for (int error : {ENOSPC, EIO, EDQUOT, EFBIG}) {
         int count = 0;
-        faults.onWrite = [&count, error](std::size_t& size, ssize_t& answer) {
-            if (++count > 2) {
-                answer = fail(error);
-                return true;
-            }
-            size = std::min<std::size_t>(size, 1000);
-            return false;
-        };
+        faults.onWrite = failingAfter(2, error, 1000, count);
         expectFailureWithoutATrace();
         EXPECT_EQ(count, 3);
     }
@@ -373,14 +399,7 @@ TEST(VelImageReadFaults, ReadsThatBringALittleAtATimeAreContinued)
         writeFile(path, encoded(format.c_str(), large()));
         Faults faults;
         int count = 0;
-        faults.onRead = [&count](std::size_t& size, ssize_t& answer) {
-            if (++count % 3 == 0) {
-                answer = fail(EINTR);
-                return true;
-            }
-            size = std::min<std::size_t>(size, 777);
-            return false;
-        };
+        faults.onRead = interrupted(777, count);
         EXPECT_TRUE(reads(path)) << format;
         EXPECT_GT(count, 100) << format;
     }
@@ -396,14 +415,7 @@ TEST(VelImageReadFaults, AReadThatFailsIsAFailure)
         for (int good : {0, 1, 2, 20}) {
             Faults faults;
             int count = 0;
-            faults.onRead = [&count, good](std::size_t& size, ssize_t& answer) {
-                if (++count > good) {
-                    answer = fail(EIO);
-                    return true;
-                }
-                size = std::min<std::size_t>(size, 777);
-                return false;
-            };
+            faults.onRead = failingAfter(good, EIO, 777, count);
             EXPECT_FALSE(reads(path)) << format;
             EXPECT_GT(count, good);
         }
@@ -419,10 +431,7 @@ TEST(VelImageSaveFaults, AnyWriteThatFailsIsAFailureInEveryFormat)
         int all = 0;
         {
             Faults faults;
-            faults.onWrite = [&all](std::size_t&, ssize_t&) {
-                ++all;
-                return false;
-            };
+            faults.onWrite = counted(all);
             EXPECT_TRUE(saves(path));
         }
         std::filesystem::remove(path);
@@ -453,19 +462,11 @@ TEST(VelImageReadFaults, AReadThatFailsWhileColoursAreLookedUpIsAFailure)
     VelImage image;
     Faults faults;
     int all = 0;
-    faults.onRead = [&all](std::size_t&, ssize_t&) {
-        ++all;
-        return false;
-    };
+    faults.onRead = counted(all);
     EXPECT_EQ(image.ReadImage(path.c_str()), 1);
     for (int good = 0; good < all; ++good) {
         int count = 0;
-        faults.onRead = [&count, good](std::size_t&, ssize_t& answer) {
-            if (++count <= good)
-                return false;
-            answer = fail(EIO);
-            return true;
-        };
+        faults.onRead = failingAfter(good, EIO, SIZE_MAX, count);
         EXPECT_EQ(image.ReadImage(path.c_str()), 0) << good;
     }
 }
