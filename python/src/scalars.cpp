@@ -457,7 +457,7 @@ bool readNumber(py::handle value, KDRNumber& number)
         number = value.cast<KDRNumber const&>();
         return true;
     }
-    if (PyBool_Check(value.ptr()) || isArray(value))
+    if (PyNumber_Check(value.ptr()) == 0 || PyBool_Check(value.ptr()) || isArray(value))
         return false;
     if (PyIndex_Check(value.ptr())) {
         py::object const integer = checked(PyNumber_Index(value.ptr()));

@@ -1,0 +1,3 @@
+from ._kdrdata import *
+from ._kdrdata import __version__ as __version__
+from ._kinds import Kind as Kind

@@ -1,0 +1,167 @@
+"""What takes long lets other threads run."""
+
+import copy
+import os
+import pickle
+import subprocess
+import sys
+import textwrap
+import threading
+import time
+
+import numpy
+import pytest
+
+import kdrdata
+from kdrdata import Image, Variant
+
+# Long beyond any that a test takes: what waits for so long, waits for ever.
+FOR_EVER = 120
+
+
+@pytest.fixture
+def no_switching():
+    """Threads run in turn only where one of them lets go of the interpreter's lock."""
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(1e6)
+    yield
+    sys.setswitchinterval(interval)
+
+
+def lets_go(work, calls):
+    """Whether another thread gets to run while work() does, in so many calls."""
+    has_run = []
+    may_run = threading.Lock()
+    may_run.acquire()
+
+    def other():
+        with may_run:
+            has_run.append(True)
+
+    thread = threading.Thread(target=other)
+    thread.start()
+    may_run.release()
+    ends = time.monotonic() + FOR_EVER
+    for _ in range(calls):
+        work()
+        if has_run or time.monotonic() > ends:
+            break
+    result = bool(has_run)
+    sys.setswitchinterval(1e-3)
+    thread.join()
+    sys.setswitchinterval(1e6)
+    return result
+
+
+def test_the_way_to_see_it_sees_what_does_not_let_go(no_switching):
+    variant = Variant(1)
+    assert not lets_go(lambda: variant.value, 1000)
+
+
+def everything_long(tmp_path):
+    value = Variant([Image.from_array(numpy.zeros((100, 100), numpy.uint8)), "text"])
+    same = kdrdata.from_bytes(kdrdata.to_bytes(value))
+    data = kdrdata.to_bytes(value)
+    pickled = pickle.dumps(value)
+    path = tmp_path / "value.kdr"
+    kdrdata.save(value, path)
+    return {
+        "save": lambda: kdrdata.save(value, path),
+        "load": lambda: kdrdata.load(path),
+        "to_bytes": lambda: kdrdata.to_bytes(value),
+        "from_bytes": lambda: kdrdata.from_bytes(data),
+        "to_json": lambda: kdrdata.to_json(value),
+        "to_html": lambda: kdrdata.to_html(value),
+        "equality": lambda: value == same,
+        "pickle": lambda: pickle.dumps(value, 5),
+        "unpickle": lambda: pickle.loads(pickled),
+        "deepcopy": lambda: copy.deepcopy(value),
+        "clone": lambda: value.clone(),
+    }
+
+
+LONG = [
+    "save", "load", "to_bytes", "from_bytes", "to_json", "to_html", "equality", "pickle",
+    "unpickle", "deepcopy", "clone",
+]  # fmt: skip
+
+
+@pytest.mark.parametrize("name", LONG)
+def test_long_operations_let_go(name, tmp_path, no_switching):
+    operations = everything_long(tmp_path)
+    assert sorted(operations) == sorted(LONG)
+    assert lets_go(operations[name], sys.maxsize)
+
+
+def run(code, *arguments):
+    """Runs a program that never ends where the lock is held."""
+    return subprocess.run(
+        [sys.executable, "-c", textwrap.dedent(code), *map(str, arguments)],
+        timeout=FOR_EVER,
+        check=True,
+        capture_output=True,
+        text=True,
+    ).stdout
+
+
+def test_two_threads_load_while_a_third_counts(tmp_path):
+    """Both wait for their files, which the third thread writes after it has counted."""
+    pipes = [tmp_path / "one", tmp_path / "two"]
+    for pipe in pipes:
+        os.mkfifo(pipe)
+    out = run(
+        """
+        import sys, threading, kdrdata
+        loaded = {}
+        def load(path):
+            loaded[path] = kdrdata.load(path).value
+        threads = [threading.Thread(target=load, args=(path,)) for path in sys.argv[1:]]
+        for thread in threads:
+            thread.start()
+        counted = sum(range(10**6))
+        for path in sys.argv[1:]:
+            with open(path, "wb") as file:
+                file.write(kdrdata.to_bytes([counted, path]))
+        for thread in threads:
+            thread.join()
+        print(all(loaded[path] == [counted, path] for path in sys.argv[1:]))
+        """,
+        *pipes,
+    )
+    assert out == "True\n"
+
+
+def test_variants_are_read_in_many_threads_at_once():
+    value = Variant([1, "text", [Image.from_array(numpy.zeros((50, 50), numpy.uint8)), b"x"]])
+    data = kdrdata.to_bytes(value)
+    failed = []
+
+    def work():
+        for _ in range(200):
+            if kdrdata.to_bytes(Variant(value)) != data or copy.deepcopy(value) != value:
+                failed.append(True)
+
+    threads = [threading.Thread(target=work) for _ in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert not failed
+
+
+def test_pixels_of_an_array_may_end_in_a_thread_of_nobody():
+    """The last image goes away in another thread, or at the end of the program."""
+    out = run(
+        """
+        import threading, numpy, kdrdata
+        images = [kdrdata.Image.from_array(numpy.zeros((9, 9), numpy.uint8), copy=False)
+                  for _ in range(100)]
+        thread = threading.Thread(target=images.clear)
+        thread.start()
+        thread.join()
+        left = kdrdata.Image.from_array(numpy.zeros((9, 9), numpy.uint8), copy=False)
+        kept = kdrdata.Variant([left, [left]])
+        print("ended")
+        """
+    )
+    assert out == "ended\n"
