@@ -48,8 +48,9 @@ def local_client(workers: int) -> Iterator[Client]:
                 processes=True,
                 host="127.0.0.1",
                 dashboard_address=None,
-                # There is no page of the scheduler, but its counters are served in any case.
+                # There are no pages to look at, but counters are served in any case.
                 scheduler_kwargs={"dashboard": False, "dashboard_address": "127.0.0.1:0"},
+                worker_dashboard_address="127.0.0.1:0",
                 local_directory=scratch,
                 # Workers that end slowly or begin anew are nothing to tell; the results are the same.
                 silence_logs=logging.ERROR,

@@ -56,9 +56,7 @@ def parser() -> argparse.ArgumentParser:
         help="so many results hold their picture, which the report shows (%(default)s)",
     )
     made.add_argument("--sample", type=positive, help="inspect so many, chosen by chance")
-    made.add_argument(
-        "--seed", type=int, default=1, help="which ones those are (%(default)s)"
-    )
+    made.add_argument("--seed", type=int, default=1, help="which ones those are (%(default)s)")
     return made
 
 
@@ -76,6 +74,12 @@ def progress(count: int) -> Optional[Callable[[int], None]]:
     return tell
 
 
+def sample(paths: graph.Paths, count: int, seed: int) -> graph.Paths:
+    """So many of the pictures, chosen by chance."""
+    chosen = random.Random(seed).sample(list(paths), min(count, len(paths)))
+    return {name: paths[name] for name in sorted(chosen)}
+
+
 def run(arguments: argparse.Namespace) -> str:
     """Does it all and tells the outcome in a line."""
     given = kdrdata.Variant(kdrdata.VariantArray())
@@ -85,9 +89,8 @@ def run(arguments: argparse.Namespace) -> str:
     paths = graph.pictures_in(arguments.folder)
     if not paths:
         raise ValueError(f"no pictures in {arguments.folder}")
-    if arguments.sample and arguments.sample < len(paths):
-        chosen = random.Random(arguments.seed).sample(list(paths), arguments.sample)
-        paths = {name: paths[name] for name in sorted(chosen)}
+    if arguments.sample:
+        paths = sample(paths, arguments.sample, arguments.seed)
     arguments.out.mkdir(parents=True, exist_ok=True)
 
     if arguments.scheduler:

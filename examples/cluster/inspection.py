@@ -31,8 +31,7 @@ def recipe_of(values: Mapping[str, Any]) -> Variant:
 
 def values_of(recipe: Variant) -> dict[str, Variant]:
     """The values of a recipe by their names."""
-    content = recipe.content if recipe.kind == Kind.VARIANT_ARRAY else ()
-    parts = list(content)
+    parts = list(recipe.content) if recipe.kind == Kind.VARIANT_ARRAY else [recipe]
     if len(parts) % 2 != 0 or any(name.kind != Kind.STRING for name in parts[::2]):
         raise ValueError("a recipe is a list of names and values by turns")
     return {name.value: value for name, value in zip(parts[::2], parts[1::2])}

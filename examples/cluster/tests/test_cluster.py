@@ -133,6 +133,7 @@ def test_a_picture_that_kills_is_damaged_and_no_other(
     monkeypatch: pytest.MonkeyPatch,
 ) -> None:
     monkeypatch.setattr(inspection, "read", disturbed.read)
+    monkeypatch.setattr(inspection, "inspect_batch", disturbed.inspect_batch)
     monkeypatch.setattr(graph, "FAILURES_ALLOWED", 1)
     whole = dict(list(graph.pictures_in(folder).items())[:5])
     for path in whole.values():
