@@ -227,11 +227,13 @@ def summarise(results: Variant, parameters: Variant) -> Variant:
     )
 
 
-@sizeof.register(Variant)  # type: ignore[misc]
 def _bytes_of(value: Variant) -> int:
     """What the engine plans transfers and memory with: the pixels, and little for everything else."""
     if value.kind == Kind.IMAGE:
         return 100 + int(numpy.asarray(value.content).nbytes)
     if value.kind == Kind.VARIANT_ARRAY:
-        return 100 + sum(_bytes_of(each) for each in value.content)
+        return 100 + sum(map(_bytes_of, value.content))
     return 100
+
+
+sizeof.register(Variant, _bytes_of)

@@ -6,8 +6,7 @@ import os
 import pathlib
 import subprocess
 import sys
-from collections.abc import Iterator
-from typing import Any
+from collections.abc import Iterator, Mapping
 
 import pytest
 from distributed import Client
@@ -55,13 +54,16 @@ def two_workers() -> Iterator[Client]:
         yield client
 
 
-def run_program(*words: Any, **how: Any) -> subprocess.CompletedProcess[str]:
+def run_program(
+    *words: object, stderr: int = subprocess.PIPE, env: Mapping[str, str] = {}
+) -> subprocess.CompletedProcess[str]:
     program = HERE.parent / "inspect_folder.py"
     return subprocess.run(
-        [sys.executable, program, *map(str, words)],
+        [sys.executable, str(program), *map(str, words)],
+        stdout=subprocess.PIPE,
+        stderr=stderr,
         text=True,
         timeout=LONG,
-        env={**os.environ, **how.pop("env", {})},
+        env={**os.environ, **env},
         check=False,
-        **{"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **how},
     )

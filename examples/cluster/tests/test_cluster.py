@@ -20,13 +20,15 @@ from distributed.diagnostics.plugin import SchedulerPlugin
 from kdrdata import Variant, to_bytes
 
 
-class Completions(SchedulerPlugin):  # type: ignore[misc]
+class Completions(SchedulerPlugin):
     """Who completed which task, in order."""
 
     name = "completions"
 
-    def __init__(self) -> None:
+    def __init__(self, client: Client) -> None:
         self.workers: dict[str, list[str]] = defaultdict(list)
+        cluster: Any = client.cluster
+        cluster.scheduler.add_plugin(self)
 
     def transition(self, key: str, start: str, finish: str, *_: Any, **how: Any) -> None:
         if (start, finish) == ("processing", "memory"):
@@ -38,10 +40,8 @@ def test_two_processes_give_the_bytes_of_one(
 ) -> None:
     paths = graph.pictures_in(folder)
     assert len(paths) == COUNT
-    completions = Completions()
-    two_workers.cluster.scheduler.add_plugin(completions)
+    completions = Completions(two_workers)
     summary = graph.inspect(two_workers, paths, parameters, shown=3)
-    two_workers.cluster.scheduler.remove_plugin(completions.name)
     assert len(set(sum(completions.workers.values(), []))) == 2
     assert to_bytes(summary) == to_bytes(without_cluster(paths, parameters, shown=3))
     assert inspection.values_of(summary)["coins"].value > COUNT
@@ -95,10 +95,9 @@ def test_a_killed_worker_costs_its_repeats_alone(
     monkeypatch.setenv(disturbed.GATE, str(gate))
     monkeypatch.setattr(inspection, "named", disturbed.named)
     paths = graph.pictures_in(folder)
-    completions = Completions()
     killed = []
     with graph.local_client(2) as client:
-        client.cluster.scheduler.add_plugin(completions)
+        completions = Completions(client)
         processes = client.run(os.getpid)
 
         # Both workers have as many results as come before the gate, and go on behind it.

@@ -24,7 +24,8 @@ def drawn() -> NDArray[numpy.uint8]:
     for x, y, radius in DISCS:
         picture[(columns - x) ** 2 + (rows - y) ** 2 <= radius**2] += 120
     chance = numpy.random.default_rng(7)
-    return (picture + chance.normal(0, 4, picture.shape)).round().astype(numpy.uint8)
+    noisy = picture + chance.normal(0, 4, picture.shape)
+    return numpy.asarray(noisy.round(), numpy.uint8)
 
 
 def circles_in(pixels: NDArray[numpy.generic], parameters: Variant) -> list[tuple[float, ...]]:
@@ -75,7 +76,7 @@ def test_the_photograph_has_its_coins(parameters: Variant) -> None:
 def spread(grey: NDArray[numpy.uint8], threshold: int) -> float:
     """What is left of the differences of brightness within the two classes."""
     parts = (grey[grey <= threshold].astype(float), grey[grey > threshold].astype(float))
-    return sum(((part - part.mean()) ** 2).sum() for part in parts if part.size)
+    return sum(float(((part - part.mean()) ** 2).sum()) for part in parts if part.size)
 
 
 def test_the_threshold_leaves_the_least_spread() -> None:
