@@ -1,9 +1,9 @@
 # Installing the libraries: a CMake package, a pkg-config file each, and the public headers under the
 # paths that they are included by. The core library next to it installs itself.
 #
-# Four components: `runtime` is what a program needs to run, `dev` what it needs to be built, `tools`
-# the program that shows saved values, which kdrdump/ installs, and `doc` the interface documentation,
-# where it was built.
+# Five components: `runtime` is what a program needs to run, `dev` what it needs to be built, `tools`
+# the program that shows saved values, which kdrdump/ installs, `python` the Python package, which
+# python/ installs, and `doc` the interface documentation, where it was built.
 include(CMakePackageConfigHelpers)
 
 set(KDRDATA_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/KDRData")

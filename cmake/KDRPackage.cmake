@@ -1,6 +1,6 @@
 # Debian packages of the install components, made by CPack (./dev package): libkdrdata1 with all
-# shared libraries, libkdrdata-dev, libkdrdata-doc, and kdrdata-tools where it is built. Meant to be configured with the prefix
-# /usr, as the preset `package` does.
+# shared libraries, libkdrdata-dev, libkdrdata-doc, and kdrdata-tools and python3-kdrdata where they are
+# built. Meant to be configured with the prefix /usr, as the preset `package` does.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libkdrdata)
 set(CPACK_PACKAGE_VENDOR "KDRData")
@@ -11,6 +11,9 @@ set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/packages")
 set(CPACK_COMPONENTS_ALL runtime dev doc)
 if(KDRDATA_BUILD_TOOLS)
     list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
+if(KDRDATA_BUILD_PYTHON)
+    list(APPEND CPACK_COMPONENTS_ALL python)
 endif()
 set(CPACK_STRIP_FILES ON)
 
@@ -62,6 +65,21 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
 .
 This package holds kdrdump, which shows saved values.")
+
+if(KDRDATA_BUILD_PYTHON)
+    # The module is of one version of the interpreter.
+    find_package(Python QUIET COMPONENTS Interpreter)
+    math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-kdrdata)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+    string(CONCAT CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${KDRDATA_DEBIAN_VERSION}), "
+        "python3 (>= ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR}), "
+        "python3 (<< ${Python_VERSION_MAJOR}.${next_minor}), python3-numpy")
+    set(CPACK_DEBIAN_PYTHON_DESCRIPTION "${KDRDATA_DEBIAN_TEXT}
+.
+This package holds the package kdrdata for Python.")
+endif()
 
 # What Debian's rules want beside the files of each package.
 configure_file("${CMAKE_CURRENT_LIST_DIR}/debian/changelog.in"

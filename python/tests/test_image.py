@@ -1,8 +1,10 @@
 """Images: their pixels as arrays, files, and who keeps what alive."""
 
 import copy
+import ctypes
 import gc
 import pickle
+import subprocess
 import sys
 import threading
 import weakref
@@ -11,6 +13,7 @@ import numpy
 import pytest
 
 import kdrdata
+from meanwhile import lets_others_run
 
 DTYPES = ["uint8", "int8", "uint16", "int16", "int32", "float32", "float64"]
 
@@ -283,6 +286,49 @@ def test_the_last_image_over_an_array_may_end_in_another_thread():
     assert alive() is None
 
 
+def library(name):
+    with open("/proc/self/maps") as maps:
+        paths = {line.split()[-1] for line in maps if f"/{name}.so" in line}
+    return ctypes.CDLL(paths.pop())
+
+
+def test_pixels_may_end_where_nobody_holds_the_interpreters_lock():
+    """As in a thread of the library: the handle is copied and destroyed by the library itself."""
+    pixels = random_pixels(18, (20, 30))
+    alive = weakref.ref(pixels)
+    image = kdrdata.Image.from_array(pixels, copy=False)
+    del pixels
+    head = object.__basicsize__
+    handle = ctypes.c_void_p.from_address(id(image) + head)
+    library_of_values = library("libKDRData")  # whose calls give up the lock
+    copied = ctypes.create_string_buffer(64)
+    library_of_values._ZN8KDRImageC1ERKS_(copied, handle)
+    del image
+    gc.collect()
+    assert alive() is not None
+    thread = threading.Thread(target=library_of_values._ZN8KDRImageD1Ev, args=(copied,))
+    thread.start()
+    thread.join()
+    for _ in range(1000):  # the interpreter's next steps
+        if alive() is None:
+            break
+    assert alive() is None
+
+
+def test_images_over_arrays_may_outlive_the_interpreter():
+    script = """
+import numpy, kdrdata, sys, time
+class Pixels(numpy.ndarray):
+    def __del__(self): time.sleep(0)
+image = kdrdata.Image.from_array(numpy.zeros((9, 9), "uint8").view(Pixels), copy=False)
+kept = kdrdata.Variant(image)
+view = numpy.asarray(image)
+sys.kept = [image, kept, view]
+"""
+    ended = subprocess.run([sys.executable, "-c", script], capture_output=True, text=True)
+    assert (ended.returncode, ended.stderr) == (0, "")
+
+
 # --- files ----------------------------------------------------------------------------------------
 
 
@@ -324,27 +370,16 @@ def test_what_cannot_be_written_is_an_os_error(tmp_path):
     assert list(tmp_path.iterdir()) == []
 
 
-def test_other_threads_run_while_a_picture_is_written(tmp_path):
-    image = kdrdata.Image.from_array(random_pixels(12, (2000, 3000, 3)))
-    written = threading.Event()
-    meanwhile = []
-
-    def count():
-        while not written.is_set():
-            meanwhile.append(None)
-            written.wait(0.0005)
-
-    thread = threading.Thread(target=count)
-    thread.start()
-    while not meanwhile:
-        pass
-    before = len(meanwhile)
-    image.save(tmp_path / "large.png")
-    after = len(meanwhile)
-    written.set()
-    thread.join()
-    # With the lock held there is not one.
-    assert after > before + 1
+def test_other_threads_run_while_pictures_are_read_written_copied_and_shown(tmp_path):
+    image = kdrdata.Image.from_array(random_pixels(12, (200, 300, 3)))
+    path = tmp_path / "picture.png"
+    image.save(path)
+    assert not lets_others_run(lambda: image.width, seconds=0.5)
+    assert lets_others_run(lambda: image.save(path, effort=0))
+    assert lets_others_run(lambda: kdrdata.Image.read(path))
+    assert lets_others_run(image.clone)
+    assert lets_others_run(image._repr_png_)
+    assert lets_others_run(lambda: kdrdata.Image(300, 200))
 
 
 # --- pickle ---------------------------------------------------------------------------------------

@@ -8,6 +8,7 @@ import pytest
 
 import kdrdata
 from kdrdata import Contour, ContourArray, Point, PointArray
+from meanwhile import lets_others_run
 
 
 def random_points(seed, count):
@@ -119,3 +120,10 @@ def test_contours_are_equal_by_their_points_and_pickled():
     assert contours[0] == contour and contours[-1] == Contour()
     with pytest.raises(TypeError):
         Contour(3)
+
+
+def test_other_threads_run_while_points_are_converted():
+    coordinates = random_points(99, 100_000)
+    points = PointArray(coordinates)
+    assert lets_others_run(lambda: PointArray(coordinates))
+    assert lets_others_run(lambda: numpy.asarray(points))

@@ -2,13 +2,13 @@
 
 import copy
 import pickle
-import threading
 
 import numpy
 import pytest
 
 import kdrdata
 from kdrdata import Region, RegionArray
+from meanwhile import lets_others_run
 
 ndimage = pytest.importorskip("scipy.ndimage")
 
@@ -172,29 +172,14 @@ def test_an_array_of_runs_is_the_callers():
     assert region == Region.from_mask(numpy.eye(3))
 
 
-def test_other_threads_run_while_masks_and_runs_are_read():
-    mask = random_mask(300, (2000, 2000), 0.5)
-    done = threading.Event()
-    steps = []
-
-    def count():
-        while not done.is_set():
-            steps.append(None)
-            done.wait(0.0005)
-
-    thread = threading.Thread(target=count)
-    thread.start()
-    while not steps:
-        pass
-    region = None
-    counted = []
-    for work in (lambda: Region.from_mask(mask), lambda: region.to_runs(), lambda: region | region):
-        before = len(steps)
-        for _ in range(3):
-            result = work()
-        counted.append(len(steps) - before)
-        region = result if isinstance(result, Region) else region
-    done.set()
-    thread.join()
-    # With the lock held, one thread's turn ends between two calls at most.
-    assert sum(counted) > 100
+def test_other_threads_run_while_masks_runs_and_unions_are_made():
+    mask = random_mask(300, (600, 600), 0.5)
+    region = Region.from_mask(mask)
+    runs = region.to_runs()
+    assert not lets_others_run(lambda: region.width, seconds=0.5)
+    assert lets_others_run(lambda: Region.from_mask(mask))
+    assert lets_others_run(lambda: Region.from_runs(runs))
+    assert lets_others_run(region.to_mask)
+    assert lets_others_run(region.to_runs)
+    assert lets_others_run(lambda: region | region)
+    assert lets_others_run(RegionArray([region] * 5).union)

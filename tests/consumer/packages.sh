@@ -25,6 +25,13 @@ shown=$(LD_LIBRARY_PATH=$libraries "$unpacked/tree/usr/bin/kdrdump" "$here/../kd
 test -f "$packages"/kdrdata-tools_*.deb
 test -f "$unpacked/tree/usr/share/man/man1/kdrdump.1.gz"
 
+# The Python package finds the libraries, and carries a value through a file of theirs.
+test -f "$packages"/python3-kdrdata_*.deb
+counted=$(LD_LIBRARY_PATH=$libraries PYTHONPATH="$unpacked/tree/usr/lib/python3/dist-packages" \
+    /usr/bin/python3 -c 'import sys, kdrdata; print(kdrdata.load(sys.argv[1]).value)' \
+    "$here/../kdrio/files/v1/number.kdr")
+[[ $counted == 7 ]]
+
 test -f "$unpacked/tree/usr/share/doc/libkdrdata-doc/html/index.html"
 
 # GDB looks for the printers under the library's own path.

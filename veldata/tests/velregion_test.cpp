@@ -409,4 +409,73 @@ TEST(VelRegionUnion, HoldsThePixelsOfHundredsOfRegions)
     }
 }
 
+std::vector<long> flattened(Runs const& runs)
+{
+    std::vector<long> numbers;
+    for (Run const& run : runs)
+        numbers.insert(numbers.end(), run.begin(), run.end());
+    return numbers;
+}
+
+TEST(VelRegionBulk, MakesTheRegionThatTheListsMake)
+{
+    constexpr unsigned seed = 20261122;
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    for (int i = 0; i < 200; ++i) {
+        Runs const runs = randomRuns(random, 40);
+        std::vector<long> const numbers = flattened(runs);
+        VelRegion region = regionOf({{7, 7, 7}}, 3, 4);
+        EXPECT_EQ(region.SetRuns(640, 480, numbers.data(), static_cast<long>(runs.size())), 1);
+        EXPECT_EQ(runsOf(region), PixelSet(runs).runs());
+        EXPECT_EQ(region.Width(), 640);
+        EXPECT_EQ(region.Height(), 480);
+    }
+}
+
+TEST(VelRegionBulk, WritesTheRunsInOrder)
+{
+    VelRegion const region = regionOf({{2, 5, 6}, {1, 8, 9}, {1, -3, 2}, {1, 3, 3}});
+    ASSERT_EQ(region.RunCount(), 3);
+    std::vector<long> numbers(10, 77);
+    region.CopyRuns(numbers.data());
+    EXPECT_EQ(numbers, std::vector<long>({1, -3, 3, 1, 8, 9, 2, 5, 6, 77}));
+}
+
+TEST(VelRegionBulk, HasNoRunsWithoutPixels)
+{
+    VelRegion region;
+    EXPECT_EQ(region.RunCount(), 0);
+    long untouched = 77;
+    region.CopyRuns(&untouched);
+    EXPECT_EQ(untouched, 77);
+    EXPECT_EQ(region.SetRuns(5, 6, nullptr, 0), 1);
+    EXPECT_EQ(region.Width(), 5);
+    EXPECT_EQ(region.RunCount(), 0);
+}
+
+TEST(VelRegionBulk, GivesANegativeWidthNoExtent)
+{
+    long const run[] = {1, 2, 3};
+    VelRegion region;
+    EXPECT_EQ(region.SetRuns(-1, 6, run, 1), 1);
+    EXPECT_EQ(region.Width(), 0);
+    EXPECT_EQ(region.Height(), 0);
+    EXPECT_EQ(region.RunCount(), 1);
+}
+
+TEST(VelRegionBulk, RefusesWhatIsNoListAndChangesNothing)
+{
+    long const run[] = {1, 2, 3};
+    VelRegion region = regionOf({{7, 8, 9}}, 3, 4);
+    VelRegion const copy(region);
+    EXPECT_EQ(region.SetRuns(5, 6, run, -1), 0);
+    EXPECT_EQ(region.SetRuns(5, 6, nullptr, 1), 0);
+    EXPECT_EQ(runsOf(region), Runs({{7, 8, 9}}));
+    EXPECT_EQ(region.Width(), 3);
+    EXPECT_EQ(region.SetRuns(5, 6, run, 1), 1);
+    EXPECT_EQ(runsOf(region), Runs({{1, 2, 3}}));
+    EXPECT_EQ(runsOf(copy), Runs({{7, 8, 9}}));
+}
+
 } // namespace
