@@ -51,6 +51,15 @@ def test_the_stub_has_the_names_of_the_module(stub):
 def test_the_classes_in_the_stub_have_the_names_of_the_module(stub):
     classes = {node.name: node for node in stub if isinstance(node, ast.ClassDef)}
     shared = names_in(classes["_Sequence"].body)
+
+    def names_of(cls):
+        """What a class has of its own and of the stub's classes that it is derived from."""
+        names = names_in(cls.body)
+        for base in cls.bases:
+            if getattr(base, "id", None) in classes:
+                names |= names_of(classes[base.id])
+        return names
+
     # From Python's own class.
     given = {"__contains__", "__iadd__", "__iter__", "__reversed__"}
     given |= {"count", "index", "pop", "remove", "reverse"}
