@@ -38,18 +38,20 @@ def values_of(recipe: Variant) -> dict[str, Variant]:
 
 
 def default_parameters() -> dict[str, Number]:
-    """The parameters of the inspection, with the ranges that a user interface offers."""
+    """The parameters, with the ranges that a user interface offers; coins have so many pixels."""
     return {
         "smoothing": Number(1.0, minimum=0, maximum=10, step=0.5),
         "ground": Number(91, minimum=0, maximum=1001, step=10),
-        "smallest radius": Number(15.0, minimum=0, maximum=1000, step=1),
-        "largest radius": Number(60.0, minimum=0, maximum=10000, step=1),
+        "smallest": Number(700, minimum=1, maximum=100_000_000, step=10),
+        "largest": Number(12000, minimum=1, maximum=100_000_000, step=10),
     }
 
 
 def parameters_from(given: Variant) -> Variant:
-    """All parameters: those of a recipe, and the defaults of what it lacks or calls otherwise."""
+    """All parameters: those of a recipe, or of the "parameters" in one, and else the defaults."""
     found = values_of(given)
+    if "parameters" in found:
+        found = values_of(found["parameters"])
     parameters: dict[str, Any] = {}
     for name, usual in default_parameters().items():
         parameters[name] = found.get(name, usual)
@@ -149,7 +151,7 @@ def measure(segments: Variant, parameters: Variant) -> Variant:
     places = numpy.arange(1, count + 1)
     areas = numpy.bincount(labels.ravel(), minlength=count + 1)[1:]
     radii = numpy.sqrt(areas / numpy.pi)
-    fits = (radii >= limits["smallest radius"].value) & (radii <= limits["largest radius"].value)
+    fits = (areas >= limits["smallest"].value) & (areas <= limits["largest"].value)
     edges = numpy.concatenate([labels[0], labels[-1], labels[:, 0], labels[:, -1]])
     fits &= ~numpy.isin(places, edges)
     circles = ShapeArray()
@@ -162,8 +164,8 @@ def measure(segments: Variant, parameters: Variant) -> Variant:
             "coins": Number(len(circles), minimum=0, maximum=count, step=1),
             "mean radius": Number(
                 float(radii[fits].mean()) if fits.any() else 0.0,
-                minimum=limits["smallest radius"].value,
-                maximum=limits["largest radius"].value,
+                minimum=float(numpy.sqrt(limits["smallest"].value / numpy.pi)),
+                maximum=float(numpy.sqrt(limits["largest"].value / numpy.pi)),
             ),
             "areas": NumberArray(
                 [Number(int(area), minimum=0, maximum=mask.size) for area in areas[fits]]

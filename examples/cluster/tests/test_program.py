@@ -49,6 +49,21 @@ def test_it_writes_a_summary_and_a_report_and_is_quiet(
     assert (done.stderr, done.returncode) == ("", 0)
 
 
+def test_programs_in_other_languages_load_the_summary(
+    few: pathlib.Path, tmp_path: pathlib.Path
+) -> None:
+    run_program(few, "--out", tmp_path, "--workers", 1)
+    shown = subprocess.run(
+        [os.environ["KDRDUMP"], tmp_path / "summary.kdr"],
+        stdout=subprocess.PIPE,
+        text=True,
+        timeout=LONG,
+        check=True,
+    )
+    assert re.search(r"^ +1 +\[1\] pictures +4 ", shown.stdout, re.MULTILINE)
+    assert re.search(r"\] picture-9999.png +damaged: not a picture", shown.stdout)
+
+
 def on_a_terminal(*words: object) -> str:
     """What a run shows on a terminal, its results being sent elsewhere."""
     ours, theirs = pty.openpty()
@@ -81,14 +96,14 @@ def test_it_shows_progress_on_a_terminal(few: pathlib.Path, tmp_path: pathlib.Pa
 
 
 def test_parameters_come_from_a_saved_recipe(few: pathlib.Path, tmp_path: pathlib.Path) -> None:
-    changed = {"name": "of another program", "smallest radius": Number(21.0, minimum=5, maximum=30)}
+    changed = {"name": "of another program", "smallest": Number(1400, minimum=5, maximum=30000)}
     save(inspection.recipe_of(changed), tmp_path / "parameters.kdr")
     run_program(few, "--out", tmp_path, "--parameters", tmp_path / "parameters.kdr", "--workers", 1)
     summary = load(tmp_path / "summary.kdr")
     used = inspection.parameters_from(inspection.recipe_of(changed))
     assert to_bytes(summary) == to_bytes(without_cluster(graph.pictures_in(few), used, shown=6))
     kept = inspection.values_of(inspection.values_of(summary)["parameters"])
-    assert kept["smallest radius"] == Variant(Number(21.0, minimum=5, maximum=30))
+    assert kept["smallest"] == Variant(Number(1400, minimum=5, maximum=30000))
     assert "name" not in kept
 
 

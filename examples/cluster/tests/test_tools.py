@@ -51,10 +51,10 @@ def test_depth_and_colour_change_nothing_much(parameters: Variant) -> None:
         assert numpy.allclose(circles_in(pixels, parameters), DISCS[:3], atol=0.5)
 
 
-def test_radii_outside_of_the_limits_are_left_out(parameters: Variant) -> None:
+def test_areas_outside_of_the_limits_are_left_out(parameters: Variant) -> None:
     values = inspection.values_of(parameters)
-    values["smallest radius"] = Variant(22.0)
-    values["largest radius"] = Variant(28.0)
+    values["smallest"] = Variant(3.14 * 22**2)
+    values["largest"] = Variant(3.14 * 28**2)
     found = circles_in(drawn(), inspection.recipe_of(values))
     assert numpy.allclose(found, DISCS[2:3], atol=0.5)
 
@@ -116,10 +116,12 @@ def test_the_engine_hears_of_the_pixels() -> None:
 
 
 def test_parameters_are_completed_and_told_from_others() -> None:
-    used = inspection.values_of(inspection.parameters_from(inspection.recipe_of({"ground": 0})))
-    assert list(used) == list(inspection.default_parameters())
-    assert used["ground"].value == 0
-    assert used["smoothing"] == Variant(inspection.default_parameters()["smoothing"])
+    few = inspection.recipe_of({"ground": 0, "name": "of another program"})
+    for given in (few, inspection.recipe_of({"picture": Image(3, 3), "parameters": few})):
+        used = inspection.values_of(inspection.parameters_from(given))
+        assert list(used) == list(inspection.default_parameters())
+        assert used["ground"].value == 0
+        assert used["smoothing"] == Variant(inspection.default_parameters()["smoothing"])
     for wrong in (Variant(5), Variant(VariantArray(["a"])), Variant(VariantArray([1, 2]))):
         with pytest.raises(ValueError):
             inspection.parameters_from(wrong)
