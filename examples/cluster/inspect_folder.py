@@ -8,6 +8,7 @@ pictures and the parameters alone, not on who did what when.
 from __future__ import annotations
 
 import argparse
+import logging
 import os
 import pathlib
 import random
@@ -116,6 +117,8 @@ def run(arguments: argparse.Namespace) -> str:
 def main() -> int:
     made = parser()
     arguments = made.parse_args()
+    # What fails is raised; what else the engine has to say is of workers that it does without.
+    logging.disable(logging.CRITICAL)
     try:
         print(run(arguments))
     except (OSError, ValueError) as error:

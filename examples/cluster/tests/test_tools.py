@@ -51,6 +51,15 @@ def test_depth_and_colour_change_nothing_much(parameters: Variant) -> None:
         assert numpy.allclose(circles_in(pixels, parameters), DISCS[:3], atol=0.5)
 
 
+def test_grey_is_the_brightness_of_the_colour(parameters: Variant) -> None:
+    values = {**inspection.values_of(parameters), "smoothing": Variant(0), "ground": Variant(0)}
+    # Blue, green and red come in this order.
+    colours = numpy.array([[[255, 0, 0], [0, 255, 0], [0, 0, 255], [255, 255, 255]]], numpy.uint8)
+    picture = Variant(Image.from_array(colours))
+    grey = inspection.smooth(picture, inspection.recipe_of(values)).content
+    assert numpy.asarray(grey)[0, :, 0].tolist() == [29, 150, 76, 255]
+
+
 def test_areas_outside_of_the_limits_are_left_out(parameters: Variant) -> None:
     values = inspection.values_of(parameters)
     values["smallest"] = Variant(3.14 * 22**2)
