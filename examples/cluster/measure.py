@@ -26,6 +26,7 @@ import graph
 import inspection
 import kdrdata
 import numpy
+import psutil
 import scipy
 from distributed import Client, wait
 from distributed.protocol.serialize import serialize
@@ -73,6 +74,18 @@ def in_transit(what: str, value: Variant) -> None:
     say(f"{what}: frames of the engine", f"{sum(map(nbytes, frames)) + len(pickle.dumps(header))} B")
 
 
+def ten_times(picture: Image, parameters: Variant) -> tuple[Image, Variant]:
+    """The picture ten times as wide and high, with the noise of a camera, and what fits it."""
+    pixels = numpy.asarray(picture)[:, :, 0].repeat(10, 0).repeat(10, 1)
+    noisy = pixels + numpy.random.default_rng(1).normal(0, 2, pixels.shape)
+    values: dict[str, Any] = {
+        name: value.value * (100 if name in ("smallest", "largest") else 10)
+        for name, value in inspection.values_of(parameters).items()
+    }
+    large = Image.from_array(noisy.round().clip(0, 255).astype(numpy.uint8))
+    return large, inspection.recipe_of(values)
+
+
 def one_picture(what: str, picture: Image, parameters: Variant, times: int) -> None:
     height, width = picture.shape[:2]
     print(f"\n{what}, {width} x {height}")
@@ -91,7 +104,10 @@ def one_picture(what: str, picture: Image, parameters: Variant, times: int) -> N
     in_transit("picture", value)
     in_transit("segments", segments)
     in_transit("result", result)
-    say("result, saved", f"{len(kdrdata.to_bytes(result))} B")
+    values = inspection.values_of(result)
+    say("coins", str(values["coins"].value))
+    del values["region"]
+    say("result without the region", f"{len(pickle.dumps(inspection.recipe_of(values)))} B")
 
     def within(value: Variant) -> None:
         pickle.loads(pickle.dumps(value, protocol=5))
@@ -123,12 +139,16 @@ def scheduling(client: Client, pictures: int) -> None:
         for _ in range(5):
             chain = dask.delayed(operator.not_, pure=False)(chain)
         chains.append(chain)
+    before = psutil.Process().memory_info().rss
     clock, processor = time.monotonic(), time.process_time()
-    wait(client.compute(chains))
+    futures = client.compute(chains)
+    wait(futures)
     clock, processor = time.monotonic() - clock, time.process_time() - processor
     tasks = 5 * pictures
+    grown = psutil.Process().memory_info().rss - before
     say("tasks a second, by the clock", f"{tasks / clock:.0f}")
     say("processor time of a task", f"{1000 * processor / tasks:.3f} ms")
+    say("memory of a task", f"{grown / tasks:.0f} B")
     say("tasks a second, if the process had a core for itself", f"{tasks / processor:.0f}")
 
 
@@ -155,11 +175,9 @@ def main() -> int:
     arguments = parser.parse_args()
     parameters = inspection.parameters_from(Variant(VariantArray()))
     small = Image.read(arguments.picture)
-    pixels = numpy.asarray(small)[:, :, 0]
-    large = Image.from_array(numpy.tile(pixels, (10, 11))[:3000, :4000])
     machine()
-    one_picture("a small picture", small, parameters, 21)
-    one_picture("a picture of 12 megapixels", large, parameters, 5)
+    one_picture("the picture", small, parameters, 21)
+    one_picture("ten times larger", *ten_times(small, parameters), 5)
     with graph.local_client(2) as client:
         scheduling(client, arguments.tasks)
         between_workers(client, 4000, 3000, 9)
