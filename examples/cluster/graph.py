@@ -103,14 +103,15 @@ def _was_killed(future: Future) -> bool:
     return future.status == "error" and isinstance(future.exception(), KilledWorker)
 
 
-def _alone(client: Client, name: str, path: str, parameters: Variant, kept: list[str]) -> Any:
+def _alone(client: Client, name: str, path: str, parameters: Variant, kept: list[str]) -> Variant:
     """The result of a picture while nothing else runs, so that it alone can be what kills."""
     tool = inspection.inspect_batch
     future = client.submit(tool, {name: path}, parameters, kept, pure=False)
     wait(future)
     if _was_killed(future):
         return inspection.named(name, inspection.failure("every worker with this picture dies"))
-    return future
+    result: Variant = future.result()
+    return result
 
 
 def inspect(
@@ -136,13 +137,21 @@ def inspect(
         if told:
             told(done)
 
-    parts: list[Any] = []
-    for future, (names, _) in zip(futures, tasks):
-        if _was_killed(future):
-            kept = list(paths)[:shown]
-            parts += [_alone(client, name, paths[name], parameters, kept) for name in names]
-        else:
-            parts.append(future)
+    # What a dying worker took with it is being done again.
+    wait(futures)
+    parts: list[Any] = futures
+    suspects = [names for future, (names, _) in zip(futures, tasks) if _was_killed(future)]
+    if suspects:
+        # What stays with the workers would die with them, and be done again beside a suspect.
+        parts = [future.result() for future in futures if not _was_killed(future)]
+        for future in futures:
+            future.release()
+        found = inspection.values_of(inspection.joined(parts))
+        kept = list(paths)[:shown]
+        for name in [name for names in suspects for name in names]:
+            alone = _alone(client, name, paths[name], parameters, kept)
+            found.update(inspection.values_of(alone))
+        parts = [inspection.recipe_of({name: found[name] for name in paths})]
     while len(parts) > 1:
         parts = [
             client.submit(inspection.joined, parts[i : i + JOINED_AT_ONCE], pure=False)
