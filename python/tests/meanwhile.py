@@ -4,30 +4,33 @@ import sys
 import threading
 import time
 
+# Long beyond any that a test takes: what waits for so long, waits for ever.
+FOR_EVER = 120
 
-def lets_others_run(work, seconds=30):
-    """Whether another thread takes a step while work() is called over and over, which it does only
-    where work() gives up the interpreter's lock."""
-    steps = []
-    done = threading.Event()
 
-    def count():
-        while not done.wait(0.0001):
-            steps.append(None)
+def lets_others_run(work, calls=sys.maxsize):
+    """Whether another thread takes a step while work() is called over and over, so many times at
+    most, which it does only where work() gives up the interpreter's lock."""
+    has_run = []
+    may_run = threading.Lock()
+
+    def other():
+        with may_run:
+            has_run.append(None)
 
     interval = sys.getswitchinterval()
-    thread = threading.Thread(target=count)
-    thread.start()
+    thread = threading.Thread(target=other)
+    may_run.acquire()
     try:
-        while not steps:
-            time.sleep(0.001)
-        sys.setswitchinterval(1000)  # nobody is made to give up the lock
-        before = len(steps)
-        end = time.monotonic() + seconds
-        while len(steps) == before and time.monotonic() < end:
+        sys.setswitchinterval(1e6)  # nobody is made to give up the lock
+        thread.start()
+        may_run.release()
+        ends = time.monotonic() + FOR_EVER
+        for _ in range(calls):
             work()
-        return len(steps) > before
+            if has_run or time.monotonic() > ends:
+                break
+        return bool(has_run)
     finally:
         sys.setswitchinterval(interval)
-        done.set()
         thread.join()

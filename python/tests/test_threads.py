@@ -7,55 +7,17 @@ import subprocess
 import sys
 import textwrap
 import threading
-import time
 
 import numpy
 import pytest
 
 import kdrdata
 from kdrdata import Image, Variant
+from meanwhile import FOR_EVER, lets_others_run
 
-# Long beyond any that a test takes: what waits for so long, waits for ever.
-FOR_EVER = 120
-
-
-@pytest.fixture
-def no_switching():
-    """Threads run in turn only where one of them lets go of the interpreter's lock."""
-    interval = sys.getswitchinterval()
-    sys.setswitchinterval(1e6)
-    yield
-    sys.setswitchinterval(interval)
-
-
-def lets_go(work, calls):
-    """Whether another thread gets to run while work() does, in so many calls."""
-    has_run = []
-    may_run = threading.Lock()
-    may_run.acquire()
-
-    def other():
-        with may_run:
-            has_run.append(True)
-
-    thread = threading.Thread(target=other)
-    thread.start()
-    may_run.release()
-    ends = time.monotonic() + FOR_EVER
-    for _ in range(calls):
-        work()
-        if has_run or time.monotonic() > ends:
-            break
-    result = bool(has_run)
-    sys.setswitchinterval(1e-3)
-    thread.join()
-    sys.setswitchinterval(1e6)
-    return result
-
-
-def test_the_way_to_see_it_sees_what_does_not_let_go(no_switching):
+def test_the_way_to_see_it_sees_what_does_not_let_go():
     variant = Variant(1)
-    assert not lets_go(lambda: variant.value, 1000)
+    assert not lets_others_run(lambda: variant.value, calls=1000)
 
 
 def everything_long(tmp_path):
@@ -87,10 +49,10 @@ LONG = [
 
 
 @pytest.mark.parametrize("name", LONG)
-def test_long_operations_let_go(name, tmp_path, no_switching):
+def test_long_operations_let_go(name, tmp_path):
     operations = everything_long(tmp_path)
     assert sorted(operations) == sorted(LONG)
-    assert lets_go(operations[name], sys.maxsize)
+    assert lets_others_run(operations[name])
 
 
 def run(code, *arguments):
