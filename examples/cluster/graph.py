@@ -28,8 +28,11 @@ Paths = dict[str, str]
 def pictures_in(folder: pathlib.Path) -> Paths:
     """The paths of the pictures in a folder by their names, sorted."""
     found = sorted(path for path in folder.iterdir() if path.suffix.lower() in SUFFIXES)
-    # Names are texts, whatever bytes the file system has.
-    names = [os.fsencode(path.name).decode("utf-8", "backslashreplace") for path in found]
+    # Names are texts, whatever bytes the file system has, and no two the same.
+    names = [
+        os.fsencode(path.name).replace(b"\\", b"\\\\").decode("utf-8", "backslashreplace")
+        for path in found
+    ]
     return {name: str(path.absolute()) for name, path in zip(names, found)}
 
 

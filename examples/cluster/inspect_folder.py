@@ -28,6 +28,13 @@ def positive(text: str) -> int:
     return number
 
 
+def not_negative(text: str) -> int:
+    number = int(text)
+    if number < 0:
+        raise argparse.ArgumentTypeError("it is at least 0")
+    return number
+
+
 def parser() -> argparse.ArgumentParser:
     made = argparse.ArgumentParser(description=__doc__)
     made.add_argument("folder", type=pathlib.Path, help="its pictures are inspected")
@@ -52,7 +59,7 @@ def parser() -> argparse.ArgumentParser:
     )
     made.add_argument(
         "--pictures",
-        type=int,
+        type=not_negative,
         default=6,
         help="so many results hold their picture, which the report shows (%(default)s)",
     )

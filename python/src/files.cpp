@@ -57,13 +57,12 @@ void unlocked(Work const& work)
 // The file, open for reading, or an OSError.
 void open(QFile& file, py::handle path)
 {
-    py::object const name = py::module_::import("os").attr("fsencode")(path);
+    std::string const name = encodedPath(path);
     int descriptor = -1;
     int number = 0;
     {
-        char const* const bytes = PyBytes_AS_STRING(name.ptr());
         py::gil_scoped_release const released;
-        descriptor = ::open(bytes, O_RDONLY | O_CLOEXEC);
+        descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
         number = errno;
         struct stat about
         {

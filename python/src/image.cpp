@@ -13,26 +13,32 @@
 
 #include <veldata/velimage.h>
 
+#include <climits>
+
 namespace kdrpython {
 
 namespace {
 
 constexpr int mostChannels = 4;
 
-KDRImage created(int width, int height, int channels, py::object const& dtype)
+KDRImage created(py::ssize_t width, py::ssize_t height, py::ssize_t channels,
+                 py::object const& dtype)
 {
     int const code = codeOf(dtype);
-    if (width < 1 || height < 1 || channels < 1 || channels > mostChannels)
+    if (width < 1 || height < 1 || channels < 1 || channels > mostChannels || width > INT_MAX ||
+        height > INT_MAX)
         throw py::value_error("an image has at least one row and one column, and 1 to 4 channels");
     KDRImage image;
     int made = 0;
     {
         py::gil_scoped_release const unlocked;
-        made = image.GenImageExt(nullptr, width, height, channels, 0,
-                                 static_cast<KDRImage::DataType>(code));
+        made =
+            image.GenImageExt(nullptr, static_cast<int>(width), static_cast<int>(height),
+                              static_cast<int>(channels), 0, static_cast<KDRImage::DataType>(code));
     }
     if (made == 0) {
-        PyErr_Format(PyExc_MemoryError, "no memory for an image of %d x %d pixels", width, height);
+        PyErr_Format(PyExc_MemoryError, "no memory for an image of %zd x %zd pixels", width,
+                     height);
         throw py::error_already_set();
     }
     return image;

@@ -90,11 +90,8 @@ struct Item<KDRNumber>
     {
         KDRNumberPrivate const& first = kdrio::inside::record(one);
         KDRNumberPrivate const& second = kdrio::inside::record(other);
-        bool const isSame =
-            first.kind == KDRNumberPrivate::Integer && second.kind == KDRNumberPrivate::Integer
-                ? first.value.integer == second.value.integer
-                : first.toDouble() == second.toDouble();
-        return isSame && first.maxValue == second.maxValue && first.minValue == second.minValue &&
+        return kdrpython::toPython(one).equal(kdrpython::toPython(other)) &&
+               first.maxValue == second.maxValue && first.minValue == second.minValue &&
                first.step == second.step;
     }
     // Without a range it is what the value is.

@@ -2,6 +2,8 @@
 
 #include <kdrdata/kdrversion.h>
 
+#include <exception>
+
 PYBIND11_MODULE(_kdrdata, m)
 {
     using namespace kdrpython;
@@ -11,6 +13,14 @@ PYBIND11_MODULE(_kdrdata, m)
     // Classes say that they are the package's, which is where users and pickle find them.
     auto const name = m.attr("__name__");
     m.attr("__name__") = "kdrdata";
+    py::register_local_exception_translator([](std::exception_ptr failure) {
+        try {
+            if (failure)
+                std::rethrow_exception(failure);
+        } catch (py::cast_error const&) {
+            PyErr_SetString(PyExc_TypeError, "an argument, or a part of one, is of another type");
+        }
+    });
     bindErrors(m);
     bindText(m);
     bindScalars(m);

@@ -8,7 +8,7 @@ namespace kdrpython {
 
 namespace {
 
-// What was given back where the interpreter's lock was not held.
+// What was given back and is not yet let go of.
 struct Returned
 {
     std::mutex mutex;
@@ -51,16 +51,16 @@ void releaseOwner(void* owner) noexcept
     // After the interpreter's end there is nobody to give it back to, nor a lock to take.
     if (!Py_IsInitialized() || _Py_IsFinalizing())
         return;
+    bool isFirst = false;
     try {
         std::lock_guard<std::mutex> const lock(returned().mutex);
+        isFirst = returned().objects.empty();
         returned().objects.push_back(static_cast<PyObject*>(owner));
     } catch (std::bad_alloc const&) {
         return; // the object stays
     }
     // Where too many calls wait already, the next object that is taken lets go of this one.
-    if (PyGILState_Check())
-        letGoOfReturned(nullptr);
-    else
+    if (isFirst)
         Py_AddPendingCall(letGoOfReturned, nullptr);
 }
 

@@ -9,9 +9,10 @@ namespace kdrpython {
 /// as `owner` where releaseOwner() is given as `release`. Called with the interpreter's lock.
 void* ownerOf(py::handle object);
 
-/// Gives that share back, in whichever thread, and leaves it where the interpreter has ended.
-/// Without the interpreter's lock, the share waits for the interpreter's next step: who calls may
-/// hold a lock of the library that the holder of the interpreter's waits for.
+/// Gives that share back, in whichever thread, and leaves it where the interpreter has ended. The
+/// share waits for the next step of the interpreter's main thread: what the end of an object runs
+/// may come back to the list that is just giving it up, and who calls may hold a lock of the
+/// library that the holder of the interpreter's waits for.
 void releaseOwner(void* owner) noexcept;
 
 /// An array of NumPy or another object that keeps @p value for as long as it lives: a capsule to be

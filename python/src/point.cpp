@@ -142,9 +142,11 @@ KDRPointArray toPoints(py::handle value, std::string const& where)
 
 py::array coordinatesOf(KDRPointArray const& points)
 {
-    py::array_t<double> coordinates({py::ssize_t(points.length()), py::ssize_t(2)});
+    // Another thread may change the list as soon as the lock is released.
+    KDRPointArray const copy(points);
+    VelPointArray const& core = KDRInternal::wrapped(copy);
+    py::array_t<double> coordinates({py::ssize_t(core.Length()), py::ssize_t(2)});
     double* values = coordinates.mutable_data();
-    VelPointArray const& core = KDRInternal::wrapped(points);
     py::gil_scoped_release const unlocked;
     VelPoint point;
     for (int i = 0; i < core.Length(); ++i) {

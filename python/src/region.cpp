@@ -48,7 +48,7 @@ KDRRegion regionOf(int width, int height, long const* numbers, py::ssize_t count
 
 // The first byte from `from` on that is not 0. Eight are looked at together: most of a mask is one
 // or the other.
-bool const* nextSet(bool const* from, bool const* end)
+unsigned char const* nextSet(unsigned char const* from, unsigned char const* end)
 {
     constexpr std::ptrdiff_t together = sizeof(unsigned long long);
     for (unsigned long long bytes = 0; end - from >= together; from += together) {
@@ -56,15 +56,15 @@ bool const* nextSet(bool const* from, bool const* end)
         if (bytes != 0)
             break;
     }
-    while (from != end && !*from)
+    while (from != end && *from == 0)
         ++from;
     return from;
 }
 
-bool const* nextClear(bool const* from, bool const* end)
+unsigned char const* nextClear(unsigned char const* from, unsigned char const* end)
 {
     void const* const found = std::memchr(from, 0, static_cast<std::size_t>(end - from));
-    return found ? static_cast<bool const*>(found) : end;
+    return found ? static_cast<unsigned char const*>(found) : end;
 }
 
 KDRRegion fromMask(py::object const& mask)
@@ -79,13 +79,14 @@ KDRRegion fromMask(py::object const& mask)
     py::ssize_t const width = pixels.shape(1);
     if (height > INT_MAX || width > INT_MAX)
         throw py::value_error("a mask of more rows or columns than a region has");
-    bool const* row = pixels.data();
+    // A view of other bytes as flags may hold more than 0 and 1.
+    auto const* row = reinterpret_cast<unsigned char const*>(pixels.data());
     py::gil_scoped_release const unlocked;
     std::vector<long> numbers;
     for (py::ssize_t y = 0; y < height; ++y, row += width) {
-        bool const* const end = row + width;
-        for (bool const* first = nextSet(row, end); first != end;) {
-            bool const* const last = nextClear(first, end);
+        unsigned char const* const end = row + width;
+        for (unsigned char const* first = nextSet(row, end); first != end;) {
+            unsigned char const* const last = nextClear(first, end);
             numbers.insert(numbers.end(), {long(y), long(first - row), long(last - row - 1)});
             first = nextSet(last, end);
         }
@@ -178,8 +179,9 @@ unsigned long areaOf(KDRRegion const& region)
 
 KDRRegion unionOf(KDRRegionArray const& regions)
 {
-    py::gil_scoped_release const unlocked;
+    // Another thread may change the list as soon as the lock is released.
     KDRRegionArray copy(regions);
+    py::gil_scoped_release const unlocked;
     KDRRegion all;
     copy.toUnionedRegion(&all);
     return all;

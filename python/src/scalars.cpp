@@ -514,10 +514,11 @@ KDRNumberArray toNumberArray(py::handle array, std::string const& where)
 KDRBoolArray toBoolArray(py::handle array)
 {
     KDRBoolArray flags;
-    auto const values = py::array_t<bool>::ensure(array);
-    auto const each = values.unchecked<1>();
-    for (py::ssize_t i = 0; i < each.shape(0); ++i)
-        flags.push_back(each(i));
+    auto const values = py::array_t<bool, py::array::c_style>::ensure(array);
+    // A view of other bytes as flags may hold more than 0 and 1.
+    auto const* const bytes = reinterpret_cast<unsigned char const*>(values.data());
+    for (py::ssize_t i = 0; i < values.shape(0); ++i)
+        flags.push_back(bytes[i] != 0);
     return flags;
 }
 

@@ -79,10 +79,11 @@ public:
 
     static void insert(Array& array, py::ssize_t index, py::handle value, std::string const& name)
     {
+        // First the value: what that runs may change the list.
+        auto const& element = Item<Element>::fromPython(value, name);
         py::ssize_t const length = array.length();
         py::ssize_t const wanted = index < 0 ? index + length : index;
         auto const place = static_cast<int>(std::clamp<py::ssize_t>(wanted, 0, length));
-        auto const& element = Item<Element>::fromPython(value, name);
         if (place == array.length())
             return appendWhole(array, element, name);
         array.insert(place, element);
@@ -107,8 +108,8 @@ public:
 
     static void set(Array& array, py::ssize_t index, py::handle value, std::string const& name)
     {
-        int const place = placeOf(index, array.length());
-        array.replace(place, Item<Element>::fromPython(value, name));
+        auto const& element = Item<Element>::fromPython(value, name);
+        array.replace(placeOf(index, array.length()), element);
     }
 
     static void setPart(Array& array, py::slice const& slice, py::iterable const& values,
@@ -193,9 +194,10 @@ private:
             py::ssize_t first = 0;
             py::ssize_t last = 0;
             py::ssize_t by = 1;
-            py::ssize_t length = 0;
-            if (!slice.compute(array.length(), &first, &last, &by, &length))
+            // What the first call runs may change the list; the second runs nothing.
+            if (PySlice_Unpack(slice.ptr(), &first, &last, &by) < 0)
                 throw py::error_already_set();
+            py::ssize_t const length = PySlice_AdjustIndices(array.length(), &first, &last, by);
             start = static_cast<int>(first);
             count = static_cast<int>(length);
             // A step beyond the array reaches one element, whatever it is.

@@ -395,10 +395,25 @@ KDRBuffer toBuffer(py::handle bytes, std::string const& where)
     return bufferOf(bytes);
 }
 
+std::string encodedPath(py::handle path)
+{
+    auto const name = py::module_::import("os").attr("fsencode")(path).cast<std::string>();
+    if (name.find('\0') != std::string::npos)
+        throw py::value_error("embedded null byte in the name of a file");
+    return name;
+}
+
 KDRString toPath(py::handle path)
 {
-    auto const name = py::module_::import("os").attr("fsdecode")(path);
-    return toString(name, "a name of a file");
+    std::string const name = encodedPath(path);
+    KDRString made;
+    made.fromLocal8Bit(name.c_str(), static_cast<int>(name.size()));
+    KDRBuffer const back = made.toLocal8Bit();
+    // The library gives names to the system in the local encoding, with '?' for what that lacks.
+    if (name.compare(0, std::string::npos, back.constData(),
+                     static_cast<std::size_t>(back.size())) != 0)
+        throw py::value_error("the local encoding does not have this name of a file");
+    return made;
 }
 
 void bindText(py::module_& m)

@@ -26,7 +26,11 @@ py::object toPython(KDRBuffer const& bytes);
 /// What has the buffer protocol, a Buffer, or None for null bytes, as bytes of the library.
 KDRBuffer toBuffer(py::handle bytes, std::string const& where);
 
-/// The name of a file, given as str, bytes or os.PathLike, as a string of the library.
+/// The bytes of the name of a file, given as str, bytes or os.PathLike; ValueError where one is 0.
+std::string encodedPath(py::handle path);
+
+/// The name of a file as a string of the library, which gives it to the system in the local
+/// encoding; ValueError where that does not have it.
 KDRString toPath(py::handle path);
 
 } // namespace kdrpython

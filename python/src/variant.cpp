@@ -22,7 +22,7 @@ namespace {
 
 // --- from Python ---------------------------------------------------------------------------------
 
-// Lists may hold themselves, which Python finds out by the depth.
+// Lists and arrays of objects may hold themselves, which Python finds out by the depth.
 class Depth
 {
 public:
@@ -116,12 +116,14 @@ py::object unpacked(py::handle value)
     if (!py::isinstance(value, generic) || PyFloat_Check(value.ptr()) ||
         PyUnicode_Check(value.ptr()) || PyBytes_Check(value.ptr()))
         return given;
+    // Times are no numbers, although Python has some of them as such.
+    constexpr char plainKinds[] = "biufSU";
+    char const kind = given.attr("dtype").attr("kind").cast<char>();
+    if (!std::strchr(plainKinds, kind))
+        return given;
     py::object const item = given.attr("item")();
     // Python has no such floating-point number: it stays one of NumPy's.
-    return py::isinstance(item, generic) &&
-                   std::strchr("f", item.attr("dtype").attr("kind").cast<char>())
-               ? py::float_(item)
-               : item;
+    return py::isinstance(item, generic) ? py::float_(item) : item;
 }
 
 bool ofNumbers(std::vector<py::object> const& values, KDRVariant& made)
@@ -153,7 +155,6 @@ bool ofEach(std::vector<py::object> const& values, Test const& test, Convert con
 
 KDRVariant ofList(py::handle list)
 {
-    Depth const depth;
     std::vector<py::object> values;
     for (py::handle const value : list)
         values.push_back(unpacked(value));
@@ -205,10 +206,18 @@ QByteArray savedBytes(KDRVariant const& value)
     return kdrio::inside::bytes(bytes);
 }
 
-bool sameElements(KDRVariantArray const& one, KDRVariantArray const& other);
+bool sameElements(KDRVariantArray const& one, KDRVariantArray const& other, int depth);
 
-bool same(KDRVariant const& one, KDRVariant const& other)
+// What is nested deeper than this cannot be saved either.
+constexpr int mostDepth = 512;
+
+bool same(KDRVariant const& one, KDRVariant const& other, int depth = 0)
 {
+    if (depth > mostDepth) {
+        py::gil_scoped_acquire const locked;
+        PyErr_SetString(PyExc_RecursionError, "variants nested too deeply to be compared");
+        throw py::error_already_set();
+    }
     if (one.variantType() != other.variantType())
         return false;
     if (&kdrio::inside::store(one) == &kdrio::inside::store(other))
@@ -235,19 +244,19 @@ bool same(KDRVariant const& one, KDRVariant const& other)
     }
     if (one.toVariantArray(&array)) {
         KDRVariantArray others;
-        return other.toVariantArray(&others) && sameElements(array, others);
+        return other.toVariantArray(&others) && sameElements(array, others, depth + 1);
     }
     return savedBytes(one) == savedBytes(other);
 }
 
-bool sameElements(KDRVariantArray const& one, KDRVariantArray const& other)
+bool sameElements(KDRVariantArray const& one, KDRVariantArray const& other, int depth)
 {
     QList<KDRVariant> const& elements = kdrio::inside::elements(one);
     QList<KDRVariant> const& others = kdrio::inside::elements(other);
     if (elements.size() != others.size())
         return false;
     for (int i = 0; i < elements.size(); ++i)
-        if (!same(elements.at(i), others.at(i)))
+        if (!same(elements.at(i), others.at(i), depth))
             return false;
     return true;
 }
@@ -277,6 +286,7 @@ py::object kindOf(KDRVariant const& self)
 
 KDRVariant variantOf(py::handle value)
 {
+    Depth const depth;
     if (py::isinstance<KDRVariant>(value))
         return value.cast<KDRVariant const&>();
     if (value.is_none())
@@ -434,7 +444,8 @@ numbers; str texts; bytes, bytearray and memoryview bytes; scalars of NumPy what
 class of the package that has a kind gives it, with all of its value, and a Region the shape of it.
 
 Arrays of NumPy are copied. Of one dimension: flags give a BoolArray, numbers a NumberArray. Of two:
-flags give the shape of a region, uint8 and uint16 an Image, other numbers a Matrix. Of three: an Image.
+flags give the shape of a region, uint8 and uint16 an Image, int8, int16, int32, float32 and float64 a
+Matrix. Of three: an Image of one of these types. ValueError for other arrays.
 
 Lists and tuples: of flags alone give a BoolArray, of numbers a NumberArray, of texts a StringArray, of
 bytes a BufferArray, of one class of the package its array; everything else, and the empty list, a

@@ -111,19 +111,56 @@ def test_variants_are_read_in_many_threads_at_once():
     assert not failed
 
 
-def test_pixels_of_an_array_may_end_in_a_thread_of_nobody():
+def test_arrays_are_let_go_of_whichever_thread_gives_them_back():
     """The last image goes away in another thread, or at the end of the program."""
     out = run(
         """
-        import threading, numpy, kdrdata
-        images = [kdrdata.Image.from_array(numpy.zeros((9, 9), numpy.uint8), copy=False)
-                  for _ in range(100)]
+        import gc, threading, weakref, numpy, kdrdata
+        arrays = [numpy.zeros((9, 9), numpy.uint8) for _ in range(100)]
+        kept = [weakref.ref(array) for array in arrays]
+        images = [kdrdata.Image.from_array(array, copy=False) for array in arrays]
+        arrays.clear()
+        assert all(array() is not None for array in kept)
         thread = threading.Thread(target=images.clear)
         thread.start()
         thread.join()
+        gc.collect()
+        assert all(array() is None for array in kept)
         left = kdrdata.Image.from_array(numpy.zeros((9, 9), numpy.uint8), copy=False)
         kept = kdrdata.Variant([left, [left]])
         print("ended")
         """
     )
     assert out == "ended\n"
+
+
+def test_lists_may_change_while_another_thread_reads_them():
+    """What reads without the lock reads a copy."""
+    points = kdrdata.PointArray(numpy.zeros((20_000, 2)))
+    more = numpy.ones((20_000, 2))
+    regions = kdrdata.RegionArray([kdrdata.Region.from_mask(numpy.eye(50))])
+    region = regions[0]
+    done = threading.Event()
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(1e-6)
+
+    def change():
+        while not done.is_set():
+            points.clear()
+            points.extend(more)
+            regions.append(region)
+            regions.append(region)
+            del regions[0]
+            del regions[0]
+
+    thread = threading.Thread(target=change)
+    thread.start()
+    try:
+        for _ in range(1000):
+            coordinates = numpy.asarray(points)
+            assert coordinates.shape[1:] == (2,)
+            assert regions.union() in (region, kdrdata.Region())
+    finally:
+        done.set()
+        thread.join()
+        sys.setswitchinterval(interval)
