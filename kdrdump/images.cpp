@@ -1,17 +1,16 @@
 #include "images.h"
 
 #include "page/failure.h"
-#include "page/tree.h"
 
 #include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
 #include <cstring>
+#include <map>
+#include <tuple>
 
 namespace kdrdump {
 
 namespace {
-
-KDRString textOf(QString const& text) { return KDRString(text.utf16(), text.size()); }
 
 // "[3].image array[0]" is 3-0, and the value as a whole is "value".
 QString nameOf(std::string const& path)
@@ -54,63 +53,69 @@ KDRImage channelOf(KDRImage const& image, int channel)
     return plane;
 }
 
-class Writer
+// What tells a block of pixels, as a file shares it.
+using Pixels = std::tuple<unsigned char const*, int, int, int, int>;
+
+Pixels pixelsOf(KDRImage const& image)
 {
-public:
-    explicit Writer(QString const& path) : directory(path) {}
-
-    std::vector<QString> names;
-
-    void write(KDRImage image, QString const& name)
-    {
-        QString const path = directory.filePath(name);
-        if (image.save(textOf(path)) == 0)
-            throw page::Failure("cannot write '" + path.toStdString() +
-                                "': no permission, or the disk is full");
-        names.push_back(path);
-    }
-
-private:
-    QDir directory;
-};
+    return {image.dataPtr(), image.width(), image.height(), image.channel(), image.depth()};
+}
 
 } // namespace
 
-std::vector<Picture> picturesIn(KDRVariant const& value, std::string const& path)
+std::vector<Picture> picturesIn(std::vector<page::Entry> const& entries)
 {
     std::vector<Picture> pictures;
-    for (page::Entry const& entry : page::entriesOf(value, path)) {
+    std::map<Pixels, std::size_t> firstOf;
+    auto const add = [&](std::string const& path, KDRImage const& image) {
+        if (!image.dataPtr())
+            return;
+        auto const first = firstOf.insert({pixelsOf(image), pictures.size()}).first;
+        pictures.push_back({path, image, first->second});
+    };
+    for (std::size_t at = 0; at < entries.size(); ++at) {
+        page::Entry const& entry = entries[at];
         KDRImage image;
         KDRImageArray images;
-        if (entry.value.toImage(&image) && image.dataPtr())
-            pictures.push_back({entry.path, image});
-        if (!entry.value.toImageArray(&images))
-            continue;
-        for (int i = 0; i < images.length(); ++i)
-            if (images.select(i, &image) && image.dataPtr())
-                pictures.push_back({entry.path + '[' + std::to_string(i) + ']', image});
+        if (entry.value.toImage(&image))
+            add(entry.path, image);
+        if (entry.first == at && entry.value.toImageArray(&images))
+            for (int i = 0; i < images.length(); ++i)
+                if (images.select(i, &image))
+                    add(entry.path + '[' + std::to_string(i) + ']', image);
     }
     return pictures;
 }
 
-std::vector<QString> writePictures(std::vector<Picture> const& pictures, QString const& directory)
+std::vector<PictureFile> filesOf(std::vector<Picture> const& pictures, QString const& directory)
 {
     if (!QFileInfo(directory).isDir())
         throw page::Failure("cannot write pictures to '" + directory.toStdString() +
                             "': no such directory");
-    Writer writer(directory);
-    for (Picture const& picture : pictures) {
-        QString const name = nameOf(picture.path);
+    std::vector<PictureFile> files;
+    for (std::size_t at = 0; at < pictures.size(); ++at) {
+        Picture const& picture = pictures[at];
+        if (picture.first != at)
+            continue;
+        QString const path = QDir(directory).filePath(nameOf(picture.path));
         if (fitsPng(picture.image))
-            writer.write(picture.image, name + ".png");
+            files.push_back({path + ".png", picture.image, -1});
         else if (fitsTiff(picture.image))
-            writer.write(picture.image, name + ".tif");
+            files.push_back({path + ".tif", picture.image, -1});
         else
             for (int channel = 0; channel < picture.image.channel(); ++channel)
-                writer.write(channelOf(picture.image, channel),
-                             name + ".channel" + QString::number(channel) + ".tif");
+                files.push_back({path + ".channel" + QString::number(channel) + ".tif",
+                                 picture.image, channel});
     }
-    return writer.names;
+    return files;
+}
+
+void write(PictureFile const& file)
+{
+    KDRImage image = file.channel < 0 ? file.image : channelOf(file.image, file.channel);
+    if (image.save(KDRString(file.path.utf16(), file.path.size())) == 0)
+        throw page::Failure("cannot write '" + file.path.toStdString() +
+                            "': no permission, or the disk is full");
 }
 
 } // namespace kdrdump

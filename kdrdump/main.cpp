@@ -13,7 +13,7 @@
 
 #include "images.h"
 #include "page/failure.h"
-#include "page/page.h"
+#include "page/files.h"
 #include "page/tree.h"
 #include "select.h"
 #include "valuepage.h"
@@ -27,11 +27,19 @@ struct Arguments
 {
     QString answer; // what --help and --version print
     QString file;
-    bool json = false;
+    bool json;
     std::optional<QString> images;
     std::optional<QString> html;
     QString path;
 };
+
+char const* const usage =
+    "usage: kdrdump FILE [--json] [--images DIR] [--html OUT] [--select PATH]";
+
+std::optional<QString> optional(QCommandLineParser const& parser, QCommandLineOption const& option)
+{
+    return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+}
 
 Arguments argumentsOf(QStringList const& words)
 {
@@ -49,30 +57,21 @@ Arguments argumentsOf(QStringList const& words)
 
     // parse() leaves it to us what to say and how to end.
     bool const good = parser.parse(words);
-    Arguments arguments;
+    QStringList const files = parser.positionalArguments();
     if (parser.isSet(help))
-        arguments.answer = parser.helpText();
-    else if (parser.isSet(version))
-        arguments.answer = "kdrdump " + QCoreApplication::applicationVersion() + '\n';
-    if (!arguments.answer.isEmpty())
-        return arguments;
-    QString const usage =
-        "usage: kdrdump FILE [--json] [--images DIR] [--html OUT] [--select PATH]";
+        return {parser.helpText(), "", false, {}, {}, ""};
+    if (parser.isSet(version))
+        return {"kdrdump " + QCoreApplication::applicationVersion() + '\n', "", false, {}, {}, ""};
     if (!good)
-        throw Failure((parser.errorText() + "; " + usage).toStdString());
-    if (parser.positionalArguments().size() != 1)
-        throw Failure("name one file; " + usage.toStdString());
-    arguments.file = parser.positionalArguments().constFirst();
-    arguments.json = parser.isSet(json);
-    arguments.path = parser.value(select);
-    if (parser.isSet(images))
-        arguments.images = parser.value(images);
-    if (parser.isSet(html))
-        arguments.html = parser.value(html);
-    if (arguments.html && QFileInfo::exists(*arguments.html) &&
-        QFileInfo(*arguments.html) == QFileInfo(arguments.file))
-        throw Failure("the page would overwrite the value '" + arguments.file.toStdString() + "'");
-    return arguments;
+        throw Failure(parser.errorText().toStdString() + "; " + usage);
+    if (files.size() != 1)
+        throw Failure(std::string("name one file; ") + usage);
+    return {"",
+            files.constFirst(),
+            parser.isSet(json),
+            optional(parser, images),
+            optional(parser, html),
+            parser.value(select)};
 }
 
 KDRVariant valueIn(QString const& path)
@@ -103,25 +102,44 @@ void showField(Arguments const& arguments, Piece const& piece)
     std::cout << textOf(piece.field);
 }
 
-void showValue(Arguments const& arguments, Piece const& piece)
+// Where one of them would overwrite the value or another, there is none of them.
+void writeFiles(Arguments const& arguments, Piece const& piece)
 {
-    // The page is opened first: where it cannot be written, there are no pictures either.
-    std::optional<page::PageFile> file;
-    if (arguments.html)
-        file.emplace(*arguments.html);
+    std::vector<page::Entry> const entries = page::entriesOf(piece.value, piece.path);
+    std::vector<Picture> const pictures = picturesIn(entries);
+    std::vector<PictureFile> files;
     if (arguments.images)
-        for (QString const& name :
-             writePictures(picturesIn(piece.value, piece.path), *arguments.images))
-            std::cout << name.toStdString() << '\n';
+        files = filesOf(pictures, *arguments.images);
+    for (PictureFile const& file : files)
+        page::mustDiffer("picture", file.path, "value", arguments.file);
+    std::optional<page::PageFile> page;
     if (arguments.html) {
-        file->write(
-            pageOf(piece.value, piece.path, QFileInfo(arguments.file).fileName().toStdString()));
+        page::mustDiffer("page", *arguments.html, "value", arguments.file);
+        for (PictureFile const& file : files)
+            page::mustDiffer("page", *arguments.html, "picture", file.path);
+        // Opened first: where it cannot be written, there are no pictures either.
+        page.emplace(*arguments.html);
+    }
+    for (PictureFile const& file : files) {
+        write(file);
+        std::cout << file.path.toStdString() << '\n';
+    }
+    if (page) {
+        QString const title = QFileInfo(arguments.file).fileName();
+        page->write(pageOf(entries, pictures, piece.path, title.toStdString()));
         std::cout << arguments.html->toStdString() << '\n';
     }
+}
+
+void showValue(Arguments const& arguments, Piece const& piece)
+{
+    bool const isWritten = arguments.images || arguments.html;
+    if (isWritten)
+        writeFiles(arguments, piece);
     if (arguments.json)
         std::cout << kdrio::toJson(piece.value).toUtf8().constData();
-    else if (!arguments.images && !arguments.html)
-        page::printTree(std::cout, piece.value, true, piece.path);
+    else if (!isWritten)
+        page::printTree(std::cout, page::entriesOf(piece.value, piece.path), true);
 }
 
 void run(Arguments const& arguments)
@@ -130,19 +148,37 @@ void run(Arguments const& arguments)
         std::cout << arguments.answer.toStdString();
     } else {
         Piece const piece = pieceAt(valueIn(arguments.file), arguments.path);
-        piece.isValue ? showValue(arguments, piece) : showField(arguments, piece);
+        if (piece.isValue)
+            showValue(arguments, piece);
+        else
+            showField(arguments, piece);
     }
     if (!std::cout.flush())
         throw Failure("cannot write to standard output");
 }
 
-// In one line, whatever the names in it are.
-void tell(std::string text)
+// Whether a terminal writes it down as it is.
+bool isWritten(QChar character)
 {
-    for (char& each : text)
-        if (static_cast<unsigned char>(each) < 0x20 || each == 0x7F)
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
+// In one line, whatever the names in it are.
+void tell(char const* words)
+{
+    QString text = QString::fromUtf8(words);
+    for (QChar& each : text)
+        if (!isWritten(each))
             each = '?';
-    std::cerr << "kdrdump: " << text << '\n';
+    std::cerr << "kdrdump: " << text.toStdString() << '\n';
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QtCore/qjsonarray.h>
 #include <QtCore/qjsondocument.h>
 #include <QtCore/qjsonobject.h>
+#include <algorithm>
 #include <vector>
 
 #include <kdrio/kdrio.h>
@@ -23,41 +24,60 @@ struct Step
     bool isElement() const { return name.isNull(); }
 };
 
-[[noreturn]] void refuse(QString const& path, int at, char const* why)
+// Takes a path apart.
+class PathReader
 {
-    throw page::Failure("cannot select '" + path.toStdString() + "': " + why + " at character " +
-                        std::to_string(at + 1));
-}
+public:
+    explicit PathReader(QString const& text) : path(text) {}
 
-std::vector<Step> stepsOf(QString const& path)
-{
-    std::vector<Step> steps;
-    for (int at = 0; at < path.size();) {
+    std::vector<Step> steps()
+    {
+        std::vector<Step> all;
+        while (at < path.size())
+            all.push_back(path[at] == '[' ? element() : name());
+        return all;
+    }
+
+private:
+    Step element()
+    {
         int const start = at;
-        if (path[at] == '[') {
-            int const end = path.indexOf(']', at);
-            bool isNumber = false;
-            QString const digits = path.mid(at + 1, end - at - 1);
-            int const index = digits.toInt(&isNumber);
-            if (end < 0 || !isNumber || !digits[0].isDigit())
-                refuse(path, at, "an element such as [3] is expected");
-            at = end + 1;
-            steps.push_back({QString(), index, path.mid(start, at - start)});
-            continue;
-        }
-        if (path[at] == '.' && at > 0)
+        int const end = path.indexOf(']', start);
+        QString const digits = path.mid(start + 1, end - start - 1);
+        bool isNumber = false;
+        int const index = digits.toInt(&isNumber);
+        bool const isPlain = std::all_of(digits.begin(), digits.end(),
+                                         [](QChar each) { return each >= '0' && each <= '9'; });
+        if (end < 0 || !isNumber || !isPlain)
+            refuse("an element such as [3] is expected");
+        at = end + 1;
+        return {QString(), index, path.mid(start, at - start)};
+    }
+
+    Step name()
+    {
+        int const start = at;
+        if (start > 0 && path[start] != '.')
+            refuse("'.' or '[' is expected");
+        if (start > 0)
             ++at;
-        else if (at > 0)
-            refuse(path, at, "'.' or '[' is expected");
         int const first = at;
         while (at < path.size() && path[at] != '.' && path[at] != '[')
             ++at;
         if (at == first)
-            refuse(path, at, "a name is expected");
-        steps.push_back({path.mid(first, at - first), 0, path.mid(start, at - start)});
+            refuse("a name is expected");
+        return {path.mid(first, at - first), 0, path.mid(start, at - start)};
     }
-    return steps;
-}
+
+    [[noreturn]] void refuse(char const* why) const
+    {
+        throw page::Failure("cannot select '" + path.toStdString() + "': " + why +
+                            " at character " + std::to_string(at + 1));
+    }
+
+    QString path;
+    int at = 0;
+};
 
 // The element of a list as a value of its own, if it has a kind.
 template <class Element, class Array>
@@ -110,10 +130,11 @@ bool takeElement(KDRVariant& value, int index)
            takeElement<KDRBuffer>(value, &KDRVariant::toBufferArray, index);
 }
 
-QJsonValue jsonOf(KDRVariant const& value)
+// Lists up to a length are written out; negative: all.
+QJsonValue jsonOf(KDRVariant const& value, int longest)
 {
     kdrio::JsonOptions options;
-    options.longest = -1;
+    options.longest = longest;
     options.compact = true;
     // A list around it makes a document of whatever it is.
     QByteArray const text =
@@ -121,26 +142,33 @@ QJsonValue jsonOf(KDRVariant const& value)
     return QJsonDocument::fromJson(text).array().at(0);
 }
 
-// Whether the contents of a value have a name in files: that of its kind.
-bool isKind(KDRVariant const& value, QString const& name)
+// What the contents of a value are called in files: the name of its kind.
+QString kindNameOf(KDRVariant const& value)
 {
     // What JSON itself has may stand without it.
-    switch (KDRVariant(value).variantType()) {
+    switch (value.variantType()) {
     case KindBool:
-        return name == QLatin1String("bool");
+        return "bool";
     case KindNumber:
-        return name == QLatin1String("number");
+        return "number";
     case KindString:
-        return name == QLatin1String("string");
+        return "string";
     case KindBuffer:
-        return name == QLatin1String("buffer");
+        return "buffer";
     case KindVariantArray:
-        return name == QLatin1String("variant array");
+        return "variant array";
     case KindNone:
-        return name == QLatin1String("empty");
+        return "empty";
     default:
-        return jsonOf(value).toObject().contains(name);
+        return jsonOf(value, 0).toObject().keys().value(0);
     }
+}
+
+// The contents of a value as one field.
+QJsonValue contentsOf(KDRVariant const& value)
+{
+    QJsonObject const object = jsonOf(value, -1).toObject();
+    return object.isEmpty() ? QJsonValue() : QJsonValue(*object.constBegin());
 }
 
 // One step down from a field; false where there is nothing.
@@ -161,29 +189,46 @@ bool enter(QJsonValue& field, Step const& step)
     return true;
 }
 
+// Goes down from a value, and then from field to field.
+class Descent
+{
+public:
+    explicit Descent(KDRVariant const& whole) : piece{true, whole, QJsonValue(), ""} {}
+
+    bool go(Step const& step)
+    {
+        if (piece.isValue && step.isElement() && takeElement(piece.value, step.index)) {
+            isNamed = false;
+            return true;
+        }
+        // Elements that are no values are those of the contents.
+        if (piece.isValue && step.isElement() && !isNamed)
+            return false;
+        if (piece.isValue && !isNamed && step.name == kindNameOf(piece.value)) {
+            isNamed = true;
+            return true;
+        }
+        if (piece.isValue) {
+            piece.field = contentsOf(piece.value);
+            piece.isValue = false;
+        }
+        return enter(piece.field, step);
+    }
+
+    Piece piece;
+
+private:
+    bool isNamed = false; // the last step was the kind of the value
+};
+
 } // namespace
 
 Piece pieceAt(KDRVariant const& whole, QString const& path)
 {
-    Piece piece{true, whole, QJsonValue(), ""};
-    bool isNamed = false; // the last step was the kind of the value
-    for (Step const& step : stepsOf(path)) {
-        bool found = true;
-        if (piece.isValue && step.isElement()) {
-            found = takeElement(piece.value, step.index);
-            isNamed = false;
-        } else if (piece.isValue && !isNamed && isKind(piece.value, step.name)) {
-            isNamed = true;
-        } else {
-            if (piece.isValue) {
-                // The one entry of the object: from the name of the kind to the contents.
-                QJsonObject const object = jsonOf(piece.value).toObject();
-                piece.field = object.isEmpty() ? QJsonValue() : QJsonValue(*object.constBegin());
-                piece.isValue = false;
-            }
-            found = enter(piece.field, step);
-        }
-        if (!found)
+    Descent descent(whole);
+    Piece& piece = descent.piece;
+    for (Step const& step : PathReader(path).steps()) {
+        if (!descent.go(step))
             throw page::Failure("cannot select '" + path.toStdString() + "': there is no " +
                                 step.text.toStdString() +
                                 (piece.path.empty() ? " in the value" : " in " + piece.path));

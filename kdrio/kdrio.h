@@ -134,8 +134,10 @@ KDRIO_EXPORT bool fromParts(KDRBuffer const& bytes, KDRImageArray const& images,
 
 /// The value as a JSON text, to be read and compared by eye and by `diff`: the tree of the file
 /// format, where long lists and pixels appear as their size and checksum unless @p options ask for
-/// more. Not to be read back: numbers that JSON does not have, and bytes, become texts. Null for a
-/// value that cannot be written. Throws std::bad_alloc where memory runs out.
+/// more. What is shared has a number, `{"shared": 0, "value": ...}`, and is `{"shared": 0}`
+/// wherever it stands again. Not to be read back: numbers that JSON does not have, and bytes,
+/// become texts. Null for a value that cannot be written. Throws std::bad_alloc where memory runs
+/// out.
 KDRIO_EXPORT KDRString toJson(KDRVariant const& value, JsonOptions const& options = {});
 
 } // namespace kdrio

@@ -28,7 +28,7 @@ std::string sharingSection(std::vector<Values> const& history)
 std::string recipeSection(Values const& values)
 {
     KDRVariant const copy = values.at("recipe");
-    return sectionOf("The recipe, read back from a copy", treeOf(copy));
+    return sectionOf("The recipe, read back from a copy", treeOf(entriesOf(copy)));
 }
 
 // A picture and the table of its parts, side by side where there is room.
@@ -127,7 +127,7 @@ std::string partsReport(std::vector<Values> const& history)
                       path.substr(path.find_last_of('/') + 1),
                   path + ", " + sizeOf(image) +
                       (cut > 0 ? ", and " + std::to_string(cut) + " cut by its edge" : ""),
-                  beside(pictureOf(image, parts, {{KDRShape::Polygon, "border"}}),
+                  beside(pictureOf(image, groundOf(image), parts, {{KDRShape::Polygon, "border"}}),
                          tableOf(partsTable(values))) +
                       (charts.empty() ? ""
                                       : sectionOf("Histograms",
@@ -158,8 +158,8 @@ std::string drawnPartReport(std::vector<Values> const& history)
                               nameOf(found[i].shapeType()), textOf(nominal[i]), textOf(found[i])});
     }
     return pageOf("The drawn part", sizeOf(image),
-                  beside(pictureOf(image, parts), tableOf(table)) + recipeSection(values) +
-                      sharingSection(history));
+                  beside(pictureOf(image, groundOf(image), parts), tableOf(table)) +
+                      recipeSection(values) + sharingSection(history));
 }
 
 } // namespace inspect

@@ -3,7 +3,6 @@
 
 #include <QtCore/qcommandlineparser.h>
 #include <QtCore/qcoreapplication.h>
-#include <QtCore/qdir.h>
 #include <QtCore/qfileinfo.h>
 #include <iostream>
 #include <opencv2/core.hpp>
@@ -13,7 +12,7 @@
 
 #include "drawnpart.h"
 #include "htmlreport.h"
-#include "page/page.h"
+#include "page/files.h"
 #include "progress.h"
 #include "recipe.h"
 #include "report.h"
@@ -34,20 +33,12 @@ struct Arguments
     std::optional<QString> value;
 };
 
-// Where a name leads: to the file, or else to the place where it would be written.
-QString placeOf(QString const& path)
-{
-    QFileInfo const file(path);
-    return file.exists() ? file.canonicalFilePath()
-                         : file.dir().canonicalPath() + '/' + file.fileName();
-}
-
+// Nothing that is not asked for overwrites anything.
 void mustDiffer(char const* what, std::optional<QString> const& path, char const* other,
                 QString const& otherPath)
 {
-    if (path && !otherPath.isEmpty() && placeOf(*path) == placeOf(otherPath))
-        throw Failure(std::string("the ") + what + " would overwrite the " + other + " '" +
-                      otherPath.toStdString() + "'");
+    if (path && !otherPath.isEmpty())
+        page::mustDiffer(what, *path, other, otherPath);
 }
 
 Arguments argumentsOf(QStringList const& words)

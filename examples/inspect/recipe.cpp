@@ -33,7 +33,7 @@ KDRVariantArray recipeOf(KDRStringArray const& names, KDRShapeArray const& figur
 void printRecipe(std::ostream& out, KDRVariant const& packed)
 {
     out << "\nThe recipe, read back from a copy\n";
-    page::printTree(out, packed, false);
+    page::printTree(out, page::entriesOf(packed), false);
 }
 
 } // namespace inspect

@@ -37,7 +37,7 @@ Line curve(KDRPoint const& centre, double along, double across, double angle, do
            double end = 360.0)
 {
     double const span = std::clamp(end - start, -360.0, 360.0);
-    if (!std::isfinite(start) || !std::isfinite(span))
+    if (std::isnan(span))
         return {};
     int const steps = std::max(1, static_cast<int>(std::ceil(std::abs(span) / 2.0)));
     Line line;
@@ -121,16 +121,12 @@ std::vector<Quantity> quantitiesOf(KDRPointArray const& corners)
             {"perimeter", outline.perimeter()}};
 }
 
-std::vector<Quantity> quantitiesOf(KDRRegion& region)
+std::vector<Quantity> quantitiesOf(std::vector<Run> const& runs)
 {
-    KDRNumberArray rows;
-    KDRNumberArray firstColumns;
-    KDRNumberArray lastColumns;
-    region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
     double pixels = 0.0;
-    for (int i = 0; i < rows.length(); ++i)
-        pixels += lastColumns[i].toDouble() - firstColumns[i].toDouble() + 1.0;
-    return {{"pixels", pixels}, {"runs", static_cast<double>(rows.length())}};
+    for (Run const& run : runs)
+        pixels += run.last - run.first + 1.0;
+    return {{"pixels", pixels}, {"runs", static_cast<double>(runs.size())}};
 }
 
 // What is made of several lines, or of points alone.
@@ -246,7 +242,6 @@ std::vector<Quantity> quantitiesOf(KDRShape const& figure)
     KDRPoint centre;
     KDRPoint end;
     KDRPointArray corners;
-    KDRRegion region;
     double a = 0.0;
     double b = 0.0;
     double c = 0.0;
@@ -274,8 +269,8 @@ std::vector<Quantity> quantitiesOf(KDRShape const& figure)
         return {{"x", centre.x()}, {"y", centre.y()}, {"to x", end.x()}, {"to y", end.y()}};
     if (figure.toPolygon(&corners) && corners.length() > 0)
         return quantitiesOf(corners);
-    if (figure.toRegion(&region))
-        return quantitiesOf(region);
+    if (figure.shapeType() == KDRShape::Region)
+        return quantitiesOf(runsOf(figure));
     return {};
 }
 
@@ -302,6 +297,22 @@ std::vector<Line> linesOf(KDRShape const& figure)
     if (figure.toArrow(&centre, &end))
         return {arrowOutline(centre, end)};
     return linesOfMany(figure);
+}
+
+std::vector<Run> runsOf(KDRShape const& figure)
+{
+    KDRRegion region;
+    if (!figure.toRegion(&region))
+        return {};
+    KDRNumberArray rows;
+    KDRNumberArray firstColumns;
+    KDRNumberArray lastColumns;
+    region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
+    std::vector<Run> runs;
+    runs.reserve(static_cast<std::size_t>(rows.length()));
+    for (int i = 0; i < rows.length(); ++i)
+        runs.push_back({rows[i].toDouble(), firstColumns[i].toDouble(), lastColumns[i].toDouble()});
+    return runs;
 }
 
 KDRShape polygonOf(KDRContour const& outline)

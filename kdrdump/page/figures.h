@@ -32,6 +32,14 @@ struct Place
 /// Places in order. A closed line ends at the place it starts from.
 using Line = std::vector<Place>;
 
+/// The pixels of a row of a region from the first column to the last, which belongs to them.
+struct Run
+{
+    double row;
+    double first;
+    double last;
+};
+
 /// A colour with 8 bits a channel.
 struct Colour
 {
@@ -54,6 +62,9 @@ std::vector<Quantity> quantitiesOf(KDRShape const& figure);
 /// The lines to draw a figure with; nothing for kinds that are not drawn by lines, as regions. An
 /// arrow is the outline of one, from the middle of its flat tail to the tip of its head.
 std::vector<Line> linesOf(KDRShape const& figure);
+
+/// The runs of a region, in their order; nothing for other figures.
+std::vector<Run> runsOf(KDRShape const& figure);
 
 /// The polygon along a contour.
 KDRShape polygonOf(KDRContour const& outline);

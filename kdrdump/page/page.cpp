@@ -1,6 +1,5 @@
 #include "page.h"
 
-#include "failure.h"
 #include "figures.h"
 #include "look.h"
 #include "shown.h"
@@ -51,23 +50,17 @@ std::string pathThrough(std::vector<Line> const& lines)
     return path;
 }
 
+bool isDrawn(Run const& run) { return isDrawn(run.row) && isDrawn(run.first) && isDrawn(run.last); }
+
 // A bar for each run, from edge to edge of its pixels.
-std::string pathOver(KDRRegion& region)
+std::string pathOver(std::vector<Run> const& runs)
 {
-    KDRNumberArray rows;
-    KDRNumberArray firstColumns;
-    KDRNumberArray lastColumns;
-    region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
     std::ostringstream path;
     path << std::setprecision(9);
-    for (int i = 0; i < rows.length(); ++i) {
-        double const y = rows[i].toDouble();
-        double const first = firstColumns[i].toDouble();
-        double const last = lastColumns[i].toDouble();
-        if (isDrawn(y) && isDrawn(first) && isDrawn(last))
-            path << 'M' << first - 0.5 << ' ' << y - 0.5 << 'H' << last + 0.5 << "v1H"
-                 << first - 0.5 << 'z';
-    }
+    for (Run const& run : runs)
+        if (isDrawn(run))
+            path << 'M' << run.first - 0.5 << ' ' << run.row - 0.5 << 'H' << run.last + 0.5 << "v1H"
+                 << run.first - 0.5 << 'z';
     return path.str();
 }
 
@@ -95,14 +88,13 @@ std::string figureOf(KDRShape const& figure)
     std::string const kind = attribute("data-kind", nameOf(figure.shapeType()));
     std::string const look = kind + attribute("stroke", colourTextOf(figure.shapeType()));
     KDRPoint centre;
-    KDRRegion region;
     double a = 0.0;
     double b = 0.0;
     double angle = 0.0;
     if (figure.shapeType() == KDRShape::Text)
         return labelOf(figure, kind);
-    if (figure.toRegion(&region)) {
-        std::string const path = pathOver(region);
+    if (figure.shapeType() == KDRShape::Region) {
+        std::string const path = pathOver(runsOf(figure));
         return path.empty() ? ""
                             : "<path class=\"area\"" + kind +
                                   attribute("style", "fill: " + colourTextOf(KDRShape::Region)) +
@@ -298,26 +290,21 @@ void include(Extent& extent, double x, double y)
               std::max(extent.bottom, y)};
 }
 
-// Around all figures, with a margin.
+// Around all figures that are drawn, with a margin.
 Extent extentOf(std::vector<PagePart> const& parts)
 {
     Extent extent{furthest, furthest, -furthest, -furthest};
     for (PagePart const& part : parts) {
         include(extent, part.label.x(), part.label.y());
         for (int i = 0; i < part.figures.length(); ++i) {
-            KDRRegion region;
-            if (part.figures[i].toRegion(&region)) {
-                KDRNumberArray rows;
-                KDRNumberArray firstColumns;
-                KDRNumberArray lastColumns;
-                region.toRunLengthEncodeing(&rows, &firstColumns, &lastColumns);
-                for (int run = 0; run < rows.length(); ++run) {
-                    include(extent, firstColumns[run].toDouble(), rows[run].toDouble());
-                    include(extent, lastColumns[run].toDouble(), rows[run].toDouble());
+            for (Run const& run : runsOf(part.figures[i])) {
+                if (isDrawn(run)) {
+                    include(extent, run.first, run.row);
+                    include(extent, run.last, run.row);
                 }
             }
             for (Line const& line : linesOf(part.figures[i]))
-                for (Place const& place : line)
+                for (Place const& place : isDrawn(line) ? line : Line())
                     include(extent, place.x, place.y);
         }
     }
@@ -352,14 +339,23 @@ std::string picture(Extent const& extent, std::string const& ground,
 
 } // namespace
 
-std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
-                      KindNames const& names, std::size_t first)
+std::string groundOf(KDRImage const& image, std::string const& id)
 {
     // Whole coordinates are the middles of pixels.
-    std::string const ground = "<image x=\"-0.5\" y=\"-0.5\"" +
-                               attribute("width", std::to_string(image.width())) +
-                               attribute("height", std::to_string(image.height())) +
-                               attribute("href", addressOf(image)) + "/>\n";
+    return "<image x=\"-0.5\" y=\"-0.5\"" + (id.empty() ? "" : attribute("id", id)) +
+           attribute("width", std::to_string(image.width())) +
+           attribute("height", std::to_string(image.height())) +
+           attribute("href", addressOf(image)) + "/>\n";
+}
+
+std::string sameGround(std::string const& id)
+{
+    return "<use" + attribute("href", '#' + id) + "/>\n";
+}
+
+std::string pictureOf(KDRImage const& image, std::string const& ground,
+                      std::vector<PagePart> const& parts, KindNames const& names, std::size_t first)
+{
     return picture({-0.5, -0.5, image.width() - 0.5, image.height() - 0.5}, ground, parts, names,
                    first);
 }
@@ -428,21 +424,6 @@ std::string pageOf(std::string const& title, std::string const& summary, std::st
            element("header", element("h1", escaped(title)) + element("p", escaped(summary))) +
            '\n' + element("main", '\n' + content) + '\n' + element("script", pageScript()) +
            "\n</body>\n</html>\n";
-}
-
-PageFile::PageFile(QString const& path) : file(path)
-{
-    if (path.isEmpty() || !file.open(QIODevice::WriteOnly))
-        throw Failure("cannot write '" + path.toStdString() +
-                      "': no such directory, no permission, or a directory itself");
-}
-
-void PageFile::write(std::string const& page)
-{
-    auto const size = static_cast<qint64>(page.size());
-    if (file.write(page.data(), size) != size || !file.commit())
-        throw Failure("cannot write '" + file.fileName().toStdString() +
-                      "': " + file.errorString().toStdString());
 }
 
 } // namespace page

@@ -1,7 +1,6 @@
 #ifndef KDRDUMP_PAGE_PAGE_H
 #define KDRDUMP_PAGE_PAGE_H
 
-#include <QtCore/qsavefile.h>
 #include <map>
 #include <string>
 #include <vector>
@@ -37,11 +36,19 @@ struct PageTable
 /// What the figures of some kinds are called on a page.
 using KindNames = std::map<unsigned int, std::string>;
 
-/// @p image with the figures of @p parts over it, and a switch for each kind of figure: by its name
-/// in @p names, or else by that of the kind. Where a page has several pictures, their parts are
-/// counted on, from @p first.
-std::string pictureOf(KDRImage const& image, std::vector<PagePart> const& parts,
-                      KindNames const& names = {}, std::size_t first = 1);
+/// The pixels of @p image, for pictureOf(). Where they have an @p id, sameGround() shows them
+/// again.
+std::string groundOf(KDRImage const& image, std::string const& id = "");
+
+/// The pixels again that have @p id on the page.
+std::string sameGround(std::string const& id);
+
+/// A picture as large as @p image: @p ground, the figures of @p parts over it, and a switch for
+/// each kind of figure, by its name in @p names or else by that of the kind. Where a page has
+/// several pictures, their parts are counted on, from @p first.
+std::string pictureOf(KDRImage const& image, std::string const& ground,
+                      std::vector<PagePart> const& parts, KindNames const& names = {},
+                      std::size_t first = 1);
 
 /// The figures of @p parts on an empty ground as large as they need.
 std::string drawingOf(std::vector<PagePart> const& parts, std::size_t first = 1);
@@ -60,21 +67,6 @@ std::string sectionOf(std::string const& heading, std::string const& content);
 /// The whole page.
 std::string pageOf(std::string const& title, std::string const& summary,
                    std::string const& content);
-
-/// The file of a page, or of other bytes. An older file of this name stays as it is until the new
-/// one is whole.
-class PageFile
-{
-public:
-    /// Throws Failure where nothing can be written.
-    explicit PageFile(QString const& path);
-
-    /// Writes the bytes, once. Throws Failure where that fails.
-    void write(std::string const& page);
-
-private:
-    QSaveFile file;
-};
 
 } // namespace page
 

@@ -5,11 +5,12 @@
 
 #include <algorithm>
 #include <iomanip>
-#include <map>
 #include <set>
 #include <sstream>
+#include <unordered_map>
 
 #include <kdrdata/debug/kdrdebugtext.h>
+#include <kdrio/inside_p.h>
 
 namespace page {
 
@@ -62,8 +63,7 @@ std::string inBrief(KDRBoolArray const& flags)
 
 std::string at(int place) { return '[' + std::to_string(place) + ']'; }
 
-// Lists are told apart by where their contents lie, which handles on one store share. A list in
-// which the same one stands twice, and in that again, has a short file and an endless tree.
+// Goes through a value, and into each store once.
 class Walk
 {
 public:
@@ -78,44 +78,64 @@ public:
             if (named)
                 list[i].toString(&name);
             add({depth, path + at(place), at(place), named ? printable(name) : at(place),
-                 list[place], ""});
+                 list[place], entries.size()});
         }
     }
 
     void add(Entry entry)
     {
-        KDRVariantArray* list = nullptr;
-        bool const isList = entry.value.variantType() == KindVariantArray &&
-                            entry.value.toVariantArrayPtr(list) && list;
-        if (isList) {
-            auto const [found, isNew] = met.insert({list, entry.path});
-            if (!isNew)
-                entry.before = found->second;
-        }
+        auto const [met, isNew] =
+            firstOf.insert({&kdrio::inside::store(entry.value), entries.size()});
+        entry.first = met->second;
         entries.push_back(entry);
-        if (isList && entry.before.empty())
+        KDRVariantArray* list = nullptr;
+        if (isNew && entry.value.variantType() == KindVariantArray &&
+            entry.value.toVariantArrayPtr(list) && list)
             enter(*list, entry.path, entry.depth + 1);
     }
 
 private:
-    std::map<KDRVariantArray const*, std::string> met;
+    std::unordered_map<void const*, std::size_t> firstOf;
 };
 
-// What the lines of an entry say.
-struct Words
+// What the lines of entries say, to be asked for in the order of the entries.
+class Words
 {
-    std::string name;
-    std::string brief;
-};
+public:
+    Words(std::vector<Entry> const& all, bool places) : entries(all), withPlaces(places)
+    {
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            if (entries[i].first != i)
+                briefs[entries[i].first];
+    }
 
-Words wordsOf(Entry const& entry, bool withPlaces)
-{
-    std::string const name = withPlaces && !entry.place.empty() && entry.place != entry.name
-                                 ? entry.place + ' ' + entry.name
-                                 : entry.name;
-    return {name,
-            entry.before.empty() ? page::inBrief(entry.value) : "the same as " + entry.before};
-}
+    std::string nameOf(std::size_t i) const
+    {
+        Entry const& entry = entries[i];
+        return withPlaces && !entry.place.empty() && entry.place != entry.name
+                   ? entry.place + ' ' + entry.name
+                   : entry.name;
+    }
+
+    // A value is looked at where it stands first alone: it may be long, and stand everywhere.
+    std::string briefOf(std::size_t i)
+    {
+        std::size_t const first = entries[i].first;
+        auto const known = briefs.find(first);
+        if (first != i)
+            return "the same as " + entries[first].path +
+                   (known->second.empty() ? "" : ": " + known->second);
+        std::string const brief = page::inBrief(entries[i].value);
+        if (known != briefs.end())
+            known->second = brief;
+        return brief;
+    }
+
+private:
+    std::vector<Entry> const& entries;
+    bool withPlaces;
+    std::unordered_map<std::size_t, std::string> briefs; // of what stands more than once
+};
 
 std::string figuresIn(KDRVariant const& value)
 {
@@ -128,34 +148,59 @@ std::string figuresIn(KDRVariant const& value)
     return element("ul class=\"tree\"", items);
 }
 
-std::string itemOf(Entry const& entry, bool withPlaces)
+// The tree of a page, entry by entry.
+class TreeWriter
 {
-    Words const words = wordsOf(entry, withPlaces);
-    KDRVariant value(entry.value);
-    return element("span class=\"name\"", escaped(words.name)) +
-           element("span class=\"kind\"", "kind " + std::to_string(value.variantType())) +
-           element("span class=\"value\"", escaped(words.brief));
-}
-
-// The entries of one depth from `next` on, with all that is deeper.
-std::string listFrom(std::vector<Entry> const& entries, std::size_t& next, bool withPlaces)
-{
-    int const depth = next < entries.size() ? entries[next].depth : 0;
-    std::string items;
-    while (next < entries.size() && entries[next].depth == depth) {
-        Entry const& entry = entries[next++];
-        std::string const item = itemOf(entry, withPlaces);
-        std::string const inner = next < entries.size() && entries[next].depth > depth
-                                      ? listFrom(entries, next, withPlaces)
-                                      : figuresIn(entry.value);
-        items +=
-            element("li", inner.empty() ? item
-                                        : element(depth == 0 ? "details open=\"open\"" : "details",
-                                                  element("summary", item) + '\n' + inner)) +
-            '\n';
+public:
+    TreeWriter(std::vector<Entry> const& all, bool withPlaces)
+        : entries(all), words(all, withPlaces)
+    {
     }
-    return element("ul class=\"tree\"", '\n' + items);
-}
+
+    // Writes the entries of one depth from the next on, with all that is deeper.
+    void writeList()
+    {
+        int const depth = next < entries.size() ? entries[next].depth : 0;
+        text += "<ul class=\"tree\">\n";
+        while (next < entries.size() && entries[next].depth == depth)
+            writeEntry();
+        text += "</ul>";
+    }
+
+    std::string text;
+
+private:
+    void writeEntry()
+    {
+        std::size_t const i = next++;
+        Entry const& entry = entries[i];
+        bool const isDeeper = next < entries.size() && entries[next].depth > entry.depth;
+        std::string const figures = entry.first == i ? figuresIn(entry.value) : "";
+        text += "<li>";
+        if (isDeeper || !figures.empty()) {
+            text += entry.depth == 0 ? "<details open=\"open\">" : "<details>";
+            text += element("summary", itemOf(i)) + '\n' + figures;
+            if (isDeeper)
+                writeList();
+            text += "</details>";
+        } else {
+            text += itemOf(i);
+        }
+        text += "</li>\n";
+    }
+
+    std::string itemOf(std::size_t i)
+    {
+        KDRVariant const& value = entries[i].value;
+        return element("span class=\"name\"", escaped(words.nameOf(i))) +
+               element("span class=\"kind\"", "kind " + std::to_string(value.variantType())) +
+               element("span class=\"value\"", escaped(words.briefOf(i)));
+    }
+
+    std::vector<Entry> const& entries;
+    Words words;
+    std::size_t next = 0;
+};
 
 } // namespace
 
@@ -177,7 +222,7 @@ std::vector<Entry> entriesOf(KDRVariant const& value, std::string const& path)
     if (value.toVariantArray(&list))
         walk.enter(list, path, 0);
     else
-        walk.add({0, path, "", "value", value, ""});
+        walk.add({0, path, "", "value", value, 0});
     return walk.entries;
 }
 
@@ -221,29 +266,30 @@ std::string inBrief(KDRVariant value)
     return KDRDebug::text(value);
 }
 
-void printTree(std::ostream& out, KDRVariant const& value, bool withPlaces, std::string const& path)
+void printTree(std::ostream& out, std::vector<Entry> const& entries, bool withPlaces)
 {
     out << "  kind  " << std::left << std::setw(20) << "name"
         << "value\n";
-    for (Entry const& entry : entriesOf(value, path)) {
-        Words const words = wordsOf(entry, withPlaces);
-        std::string name = std::string(2 * static_cast<std::size_t>(entry.depth), ' ') + words.name;
-        if (name.size() > 19 && !words.brief.empty())
+    Words words(entries, withPlaces);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        std::string const brief = words.briefOf(i);
+        std::string name =
+            std::string(2 * static_cast<std::size_t>(entries[i].depth), ' ') + words.nameOf(i);
+        if (name.size() > 19 && !brief.empty())
             name += "  ";
-        KDRVariant copy(entry.value);
         std::ostringstream line;
-        line << std::right << std::setw(6) << copy.variantType() << "  " << std::left
-             << std::setw(20) << name << words.brief;
+        line << std::right << std::setw(6) << entries[i].value.variantType() << "  " << std::left
+             << std::setw(20) << name << brief;
         std::string const text = line.str();
         out << text.substr(0, text.find_last_not_of(' ') + 1) << '\n';
     }
 }
 
-std::string treeOf(KDRVariant const& value, bool withPlaces, std::string const& path)
+std::string treeOf(std::vector<Entry> const& entries, bool withPlaces)
 {
-    std::vector<Entry> const entries = entriesOf(value, path);
-    std::size_t next = 0;
-    return listFrom(entries, next, withPlaces) + '\n';
+    TreeWriter writer(entries, withPlaces);
+    writer.writeList();
+    return writer.text + '\n';
 }
 
 } // namespace page

@@ -20,14 +20,16 @@ struct Entry
     std::string place; ///< where it is in its list, such as `[1]`; empty for the whole
     std::string name;  ///< what a recipe calls it; elsewhere its place
     KDRVariant value;
-    /// Where the same list stood before, with all that is in it; empty if it did not.
-    std::string before;
+    /// Which entry has the same store first: this one, or one before it. What a list holds follows
+    /// its first entry alone.
+    std::size_t first;
 };
 
 /// Whether a list names its values.
 bool isRecipe(KDRVariantArray const& list);
 
-/// The values in @p value, each list followed by what it holds; a list that is shared, once. Where
+/// The values in @p value, each list followed by what it holds where it stands first: lists that
+/// hold one twice, which holds one twice in turn, make a short file and an endless tree. Where
 /// @p value is no list, itself. @p path is its own.
 std::vector<Entry> entriesOf(KDRVariant const& value, std::string const& path = "");
 
@@ -37,13 +39,13 @@ std::string printable(KDRString const& text);
 /// What a variant holds, in a few words; nothing for a list.
 std::string inBrief(KDRVariant value);
 
-/// A line for each value: kind, name and the value in brief. What a list holds is indented under
-/// its name. With @p withPlaces, the place in its list stands before a name.
-void printTree(std::ostream& out, KDRVariant const& value, bool withPlaces,
-               std::string const& path = "");
+/// A line for each value: kind, name and the value in brief, after the place where it stood before
+/// if it did. What a list holds is indented under its name. With @p withPlaces, the place in its
+/// list stands before a name.
+void printTree(std::ostream& out, std::vector<Entry> const& entries, bool withPlaces);
 
 /// The same for a page, as a tree that unfolds. Arrays of figures unfold, too.
-std::string treeOf(KDRVariant const& value, bool withPlaces = false, std::string const& path = "");
+std::string treeOf(std::vector<Entry> const& entries, bool withPlaces = false);
 
 } // namespace page
 

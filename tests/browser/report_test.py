@@ -1,20 +1,14 @@
 """The demo's reports as they are seen and used."""
 
-import functools
 import re
 import subprocess
 import unittest
 
 import setting
-from browser import WIDTHS, Browser, variants
+from browser import WIDTHS
+from pages import Pages, for_each_page, lit
 
 REPORTS = {"coins": [str(setting.COINS)], "part": ["--drawn-part"]}
-
-
-def lit(browser, kind):
-    """The numbers of the lit figures or rows."""
-    return browser.run("""return Array.from(document.querySelectorAll(arguments[0] + '.lit'),
-        (each) => each.dataset.part);""", {"figures": "svg g", "rows": "tr"}[kind])
 
 
 def column(browser, index):
@@ -22,59 +16,17 @@ def column(browser, index):
         (row) => row.cells[arguments[0]].textContent);""", index)
 
 
-def for_each_report(test):
-    """The test for every report, in which nothing goes wrong unseen."""
-    @functools.wraps(test)
-    def of_all(self):
-        for name in REPORTS:
-            with self.subTest(report=name):
-                test(self, name)
-                self.assertEqual(self.browser.errors(), [])
-    return of_all
-
-
-class Reports(unittest.TestCase):
+class Reports(Pages, unittest.TestCase):
     @classmethod
-    def setUpClass(cls):
-        cls.addresses = {}
+    def made(cls):
+        paths = {}
         for name, arguments in REPORTS.items():
-            report = setting.OUTPUT / f"{name}-report.html"
+            paths[name] = setting.OUTPUT / f"{name}-report.html"
             subprocess.run([setting.INSPECT, *arguments, "--out", setting.OUTPUT / f"{name}.png",
-                            "--report", report], check=True, stdout=subprocess.DEVNULL)
-            cls.addresses[name] = report.as_uri()
-        cls.browser = Browser(setting.SCREENSHOTS, with_requests=True)
-        cls.addClassCleanup(cls.browser.close)
+                            "--report", paths[name]], check=True, stdout=subprocess.DEVNULL)
+        return paths
 
-    def open(self, name, width="desktop", appearance="light"):
-        self.browser.show_as(width, appearance)
-        self.browser.open(self.addresses[name])
-
-    @for_each_report
-    def test_they_fit_every_window_in_the_appearance_asked_for(self, name):
-        for width, appearance in variants():
-            with self.subTest(width=width, appearance=appearance):
-                self.open(name, width, appearance)
-                self.assertEqual(self.browser.too_wide(), [])
-                if appearance == "dark":
-                    self.assertLess(self.browser.brightness(), 60)
-                else:
-                    self.assertGreater(self.browser.brightness(), 230)
-                self.browser.take_picture(f"{name}-{width}-{appearance}")
-
-    @for_each_report
-    def test_they_ask_for_no_other_file(self, name):
-        self.browser.requests()
-        self.open(name)
-        self.browser.find("tr[data-part='1']").click()
-        self.assertEqual(self.browser.requests(), [self.addresses[name]])
-        self.assertGreater(self.browser.run("""return new Promise((done) => {
-            const image = new Image();
-            image.onload = () => done(image.naturalWidth);
-            image.onerror = () => done(0);
-            image.src = document.querySelector('svg.picture image').getAttribute('href');
-        });"""), 100)
-
-    @for_each_report
+    @for_each_page
     def test_a_part_that_is_pointed_at_lights_its_row(self, name):
         self.open(name)
         for part in "123456":
@@ -87,7 +39,7 @@ class Reports(unittest.TestCase):
         self.browser.point_at("h1")
         self.assertEqual(lit(self.browser, "rows"), [])
 
-    @for_each_report
+    @for_each_page
     def test_a_figure_that_is_pointed_at_beside_its_label_lights_up(self, name):
         self.open(name)
         part, place, right, down = {"coins": ("6", "svg g[data-part='6'] circle", 0, -18),
@@ -95,14 +47,14 @@ class Reports(unittest.TestCase):
         self.browser.point_at(place, right, down)
         self.assertEqual(lit(self.browser, "rows"), [part])
 
-    @for_each_report
+    @for_each_page
     def test_a_row_that_is_pointed_at_lights_its_part(self, name):
         self.open(name)
         self.browser.point_at("tr[data-part='3'] td")
         self.assertEqual(lit(self.browser, "figures"), ["3"])
         self.assertEqual(lit(self.browser, "rows"), ["3"])
 
-    @for_each_report
+    @for_each_page
     def test_pointing_moves_nothing_and_hides_no_word(self, name):
         for width in WIDTHS:
             with self.subTest(width=width):
@@ -121,7 +73,7 @@ class Reports(unittest.TestCase):
                 self.assertEqual(moved, [[0, False, True]] * len(moved))
 
 
-    @for_each_report
+    @for_each_page
     def test_a_tap_keeps_the_light_until_the_next(self, name):
         self.open(name, "phone")
         for place, part in (("svg g[data-part='2'] text", ["2"]), ("tr[data-part='1'] td", ["1"]),
@@ -131,13 +83,13 @@ class Reports(unittest.TestCase):
             self.browser.wait_for(lambda: lit(self.browser, "rows") == part, f"{place}: not {part}")
             self.assertEqual(lit(self.browser, "figures"), part)
 
-    @for_each_report
+    @for_each_page
     def test_the_keyboard_lights_a_part_too(self, name):
         self.open(name)
         self.browser.run("document.querySelector('tr[data-part=\"2\"]').focus();")
         self.assertEqual(lit(self.browser, "figures"), ["2"])
 
-    @for_each_report
+    @for_each_page
     def test_each_column_sorts_both_ways(self, name):
         self.open(name)
         heads = self.browser.find_all("table.parts th")
@@ -166,7 +118,7 @@ class Reports(unittest.TestCase):
             return sorted(texts, key=float)
         return sorted(texts)
 
-    @for_each_report
+    @for_each_page
     def test_a_kind_of_figure_can_be_switched_off(self, name):
         self.open(name)
         switch = self.browser.find(".switches input")
@@ -179,23 +131,6 @@ class Reports(unittest.TestCase):
         self.assertTrue(all(figure.is_displayed() for figure in others))
         switch.click()
         self.assertTrue(all(figure.is_displayed() for figure in figures))
-
-    @for_each_report
-    def test_the_recipe_unfolds_and_folds(self, name):
-        self.open(name)
-        branches = self.browser.find_all(".tree details")
-        self.assertTrue(branches)
-        for branch in branches:
-            summary = branch.find_element("css selector", "summary")
-            inner = branch.find_element("css selector", ".tree li")
-            seen = "return arguments[0].checkVisibility();"
-            before = self.browser.run(seen, inner)
-            summary.click()
-            self.assertNotEqual(self.browser.run(seen, inner), before)
-            if not before:
-                continue  # left open, so that what lies in it can be clicked
-            summary.click()
-            self.assertTrue(self.browser.run(seen, inner))
 
     def test_the_histograms_count_every_part(self):
         self.open("coins")

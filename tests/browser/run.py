@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """usage: run.py BUILD_DIRECTORY [WORD...]
 
-Looks at the built documentation and at the demo's reports in a browser without a window; with words, runs
-the tests alone whose names hold one of them. Leaves screenshots in BUILD_DIRECTORY/browser/screenshots.
+Looks at the built documentation, at the demo's reports and at the pages of saved values in a browser
+without a window; with words, runs the tests alone whose names hold one of them. Leaves screenshots in BUILD_DIRECTORY/browser/screenshots.
 """
 
 import os

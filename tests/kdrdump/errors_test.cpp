@@ -6,7 +6,10 @@ TEST_F(Dump, RefusesWhatItCannotReadInOneLine)
 {
     EXPECT_EQ(refused({"missing.kdr"}), "missing.kdr: No such file or directory");
     EXPECT_EQ(refused({"."}).substr(0, 3), ".: ");
-    EXPECT_EQ(refused({"a\nb\x1b"}), "a?b?: No such file or directory");
+    EXPECT_EQ(refused({"a\nb\x1b\x7f"}), "a?b??: No such file or directory");
+    // Those of Latin-1 command terminals too, and others turn the line around.
+    EXPECT_EQ(refused({QString::fromUtf8("\u009b2J\u202eä\u2028🙂")}),
+              "?2J?ä?🙂: No such file or directory");
     save(listOf({1, "two", 3.5}));
     QByteArray const whole = read("value.kdr");
     for (int length = 0; length < whole.size(); ++length) {
@@ -40,25 +43,59 @@ TEST_F(Dump, RefusesPagesThatItCannotWrite)
               "the page would overwrite the value 'value.kdr'");
     EXPECT_EQ(read("value.kdr"), before);
     EXPECT_EQ(files(), QStringList("value.kdr"));
+    ASSERT_TRUE(QFile::link(file("value.kdr"), file("link")));
+    EXPECT_EQ(refused({"value.kdr", "--html", "link"}),
+              "the page would overwrite the value 'value.kdr'");
+    EXPECT_EQ(refused({"link", "--html", "value.kdr"}),
+              "the page would overwrite the value 'link'");
+    EXPECT_EQ(read("value.kdr"), before);
 }
 
-// Where one of two outputs cannot be written, the page is not there either.
-TEST_F(Dump, LeavesNoHalfPage)
+// Pictures have names of their own, which may be those of other files.
+TEST_F(Dump, RefusesPicturesInPlaceOfOtherFiles)
 {
-    save(7);
+    KDRVariant const image(KDRImage(nullptr, 4, 3, 1, 0, KDRImage::DataTypeUInt8));
+    save(listOf({image, KDRVariant(KDRImage(nullptr, 4, 3, 1, 0, KDRImage::DataTypeUInt8))}));
+    ASSERT_TRUE(QFile::rename(file("value.kdr"), file("1.png")));
+    QByteArray const before = read("1.png");
+    EXPECT_EQ(refused({"1.png", "--images", "."}), "the picture would overwrite the value '1.png'");
+    ASSERT_TRUE(QDir(file(".")).mkdir("out"));
+    for (char const* page : {"out/0.png", "./out/../out/1.png"})
+        EXPECT_EQ(refused({"1.png", "--images", "out", "--html", page}),
+                  QString("the page would overwrite the picture 'out/%1'")
+                      .arg(QString(page).right(5))
+                      .toStdString());
+    EXPECT_EQ(read("1.png"), before);
+    EXPECT_EQ(files(), QStringList({"1.png", "out"}));
+    EXPECT_TRUE(QDir(file("out")).entryList(QDir::Files).isEmpty());
+    EXPECT_EQ(printed({"1.png", "--images", "out", "--html", "out/page.html"}),
+              "out/0.png\nout/1.png\nout/page.html\n");
+}
+
+// Where one of two outputs cannot be written, the other is not there either.
+TEST_F(Dump, WritesNothingWhereItCannotWriteAll)
+{
+    save(KDRVariant(KDRImage(nullptr, 4, 3, 1, 0, KDRImage::DataTypeUInt8)));
     refused({"value.kdr", "--html", "page.html", "--images", "missing"});
+    EXPECT_EQ(files(), QStringList("value.kdr"));
+    refused({"value.kdr", "--html", "missing/page.html", "--images", "."});
     EXPECT_EQ(files(), QStringList("value.kdr"));
 }
 
 TEST_F(Dump, FailsWhereStandardOutputDoes)
 {
-    save(7);
-    QProcess process;
-    process.start("sh",
-                  {"-c", QString("\"%1\" \"%2\" >/dev/full").arg(KDRDUMP, file("value.kdr"))});
-    ASSERT_TRUE(process.waitForFinished(100000));
-    EXPECT_EQ(process.exitCode(), 2);
-    EXPECT_EQ(process.readAllStandardError(), "kdrdump: cannot write to standard output\n");
+    save(listOf({KDRVariant(circleAt(1.0, 2.0, 3.0))}));
+    for (char const* options : {"", "--json", "--select [0].shape.circle", "--help", "--version"}) {
+        QProcess process;
+        process.start(
+            "sh",
+            {"-c",
+             QString("\"%1\" \"%2\" %3 >/dev/full").arg(KDRDUMP, file("value.kdr"), options)});
+        ASSERT_TRUE(process.waitForFinished(100000));
+        EXPECT_EQ(process.exitCode(), 2) << options;
+        EXPECT_EQ(process.readAllStandardError(), "kdrdump: cannot write to standard output\n")
+            << options;
+    }
 }
 
 } // namespace

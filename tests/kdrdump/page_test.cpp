@@ -1,94 +1,11 @@
-#include "run.h"
+#include "page.h"
 
-#include <QtCore/qmap.h>
-#include <QtCore/qxmlstream.h>
+#include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstring>
 #include <limits>
-#include <vector>
 
 namespace {
-
-struct Element
-{
-    QString name;
-    QMap<QString, QString> attributes;
-    QString text; // with that of the elements in it
-    QStringList around;
-
-    QString of(char const* attribute) const { return attributes.value(attribute); }
-};
-
-class Page : public Dump
-{
-protected:
-    // The elements of the page of `value`, in the order of their starts.
-    std::vector<Element> pageOf(KDRVariant const& value, QStringList const& more = {}) const
-    {
-        save(value);
-        EXPECT_EQ(printed(QStringList({"value.kdr", "--html", "page.html"}) + more), "page.html\n");
-        QXmlStreamReader reader(read("page.html"));
-        std::vector<Element> elements;
-        std::vector<std::size_t> open;
-        QStringList around;
-        while (!reader.atEnd()) {
-            reader.readNext();
-            if (reader.isStartElement()) {
-                Element element{reader.name().toString(), {}, "", around};
-                for (QXmlStreamAttribute const& each : reader.attributes())
-                    element.attributes[each.name().toString()] = each.value().toString();
-                around << element.name + '.' + element.of("class");
-                open.push_back(elements.size());
-                elements.push_back(element);
-            } else if (reader.isEndElement()) {
-                around.removeLast();
-                open.pop_back();
-            } else if (reader.isCharacters()) {
-                for (std::size_t const place : open)
-                    elements[place].text += reader.text();
-            }
-        }
-        EXPECT_FALSE(reader.hasError())
-            << reader.lineNumber() << ": " << reader.errorString().toStdString();
-        return elements;
-    }
-
-    static std::vector<Element> named(std::vector<Element> const& all, char const* name,
-                                      char const* attribute = nullptr)
-    {
-        std::vector<Element> found;
-        for (Element const& each : all)
-            if (each.name == name && (!attribute || each.attributes.contains(attribute)))
-                found.push_back(each);
-        return found;
-    }
-
-    static QStringList texts(std::vector<Element> const& elements)
-    {
-        QStringList all;
-        for (Element const& each : elements)
-            all << each.text.simplified();
-        return all;
-    }
-
-    // The kinds of the figures in each picture.
-    static QStringList figuresIn(std::vector<Element> const& page)
-    {
-        QStringList kinds;
-        for (Element const& each : page) {
-            if (each.name == "svg" && each.of("class") == "picture")
-                kinds << "";
-            if (each.attributes.contains("data-kind"))
-                kinds.last() += (kinds.last().isEmpty() ? "" : " ") + each.of("data-kind");
-        }
-        return kinds;
-    }
-
-    static KDRImage image(int width = 40)
-    {
-        return KDRImage(nullptr, width, 30, 1, 0, KDRImage::DataTypeUInt8);
-    }
-};
 
 KDRShape lineAt(double x)
 {
@@ -97,6 +14,20 @@ KDRShape lineAt(double x)
     KDRShape shape;
     shape.fromLine(start, end);
     return shape;
+}
+
+// A region of runs: row, first and last column.
+KDRVariant regionOf(std::vector<std::array<long long, 3>> const& runs)
+{
+    KDRNumberArray columns[3];
+    for (auto const& run : runs)
+        for (std::size_t i = 0; i < 3; ++i)
+            columns[i].push_back(KDRNumber(run[i]));
+    KDRRegion region;
+    region.fromRunLengthEncodeing(columns[0], columns[1], columns[2], 40, 30);
+    KDRShape shape;
+    shape.fromRegion(region);
+    return KDRVariant(shape);
 }
 
 TEST_F(Page, DrawsFiguresOverTheImageBeforeThem)
@@ -117,6 +48,16 @@ TEST_F(Page, DrawsFiguresOverTheImageBeforeThem)
     EXPECT_EQ(texts(named(page, "h2")),
               QStringList({"Picture [2], 40 x 30 pixels", "Figures", "Picture [4], 50 x 30 pixels",
                            "Figures", "Picture [7][0], 60 x 30 pixels", "Figures", "The value"}));
+}
+
+// A list in between changes nothing for what follows it.
+TEST_F(Page, GoesOnWithTheImageBeforeAnInnerList)
+{
+    KDRVariant const circle(circleAt(5.0, 5.0, 2.0));
+    auto const page = pageOf(
+        listOf({KDRVariant(image()), KDRVariant(image(50)), listOf({KDRVariant(image(60)), circle}),
+                listOf({circle, circle}), KDRVariant(lineAt(3.0))}));
+    EXPECT_EQ(figuresIn(page), QStringList({"", "circle circle line", "circle"}));
 }
 
 TEST_F(Page, DrawsFiguresWithoutAnImageOnTheirOwn)
@@ -148,90 +89,159 @@ TEST_F(Page, TellsFiguresApartOverSeveralPictures)
         if (each.attributes.contains("id"))
             ids << each.of("id");
     ids.sort();
-    EXPECT_EQ(ids, QStringList({"part-1", "part-2", "row-1", "row-2"}));
+    EXPECT_EQ(ids, QStringList({"part-1", "part-2", "pixels-1", "pixels-2", "row-1", "row-2"}));
+    QStringList parts;
+    for (Element const& each : page)
+        if (each.attributes.contains("data-part"))
+            parts << each.name + each.of("data-part");
+    EXPECT_EQ(parts, QStringList({"g1", "tr1", "g2", "tr2"}));
     EXPECT_EQ(texts(named(page, "td")),
               QStringList({"1", "[1]", "[1]", "circle: x 5, y 5, radius 2", "1", "[3]", "[3]",
                            "circle: x 5, y 5, radius 2"}));
 }
 
+TEST_F(Page, TellsFiguresWithoutAnImageApartFromOthers)
+{
+    KDRVariant const circle(circleAt(5.0, 5.0, 2.0));
+    auto const page = pageOf(listOf({listOf({KDRVariant(image()), circle}), circle}));
+    EXPECT_EQ(figuresIn(page), QStringList({"circle", "circle"}));
+    QStringList parts;
+    for (Element const& each : page)
+        if (each.attributes.contains("data-part"))
+            parts << each.name + each.of("data-part");
+    EXPECT_EQ(parts, QStringList({"g1", "tr1", "g2", "tr2"}));
+}
+
 TEST_F(Page, DrawsRegionsRunByRun)
 {
-    KDRNumberArray columns[3];
-    long long const runs[][3] = {{2, 5, 9}, {3, 6, 6}};
-    for (auto const& run : runs)
-        for (int i = 0; i < 3; ++i)
-            columns[i].push_back(KDRNumber(run[i]));
-    KDRRegion region;
-    region.fromRunLengthEncodeing(columns[0], columns[1], columns[2], 40, 30);
-    KDRShape shape;
-    shape.fromRegion(region);
-    auto const page = pageOf(listOf({KDRVariant(image()), KDRVariant(shape)}));
+    auto const page = pageOf(listOf({KDRVariant(image()), regionOf({{2, 5, 9}, {3, 6, 6}})}));
     std::vector<Element> const paths = named(page, "path", "data-kind");
     ASSERT_EQ(paths.size(), 1U);
     // From edge to edge of the pixels, whose middles are whole.
     EXPECT_EQ(paths[0].of("d"), "M4.5 1.5H9.5v1H4.5zM5.5 2.5H6.5v1H5.5z");
+    EXPECT_EQ(texts(named(page, "td")).last(), "region: pixels 6, runs 2");
+}
+
+// They are where they are, and the picture is no larger for that.
+TEST_F(Page, DrawsRegionsBeyondThePicture)
+{
+    auto const page =
+        pageOf(listOf({KDRVariant(image()), regionOf({{-3, -30, -5}, {31, 38, 50}})}));
+    std::vector<Element> const paths = named(page, "path", "data-kind");
+    ASSERT_EQ(paths.size(), 1U);
+    EXPECT_EQ(paths[0].of("d"), "M-30.5 -3.5H-4.5v1H-30.5zM37.5 30.5H50.5v1H37.5z");
+    EXPECT_EQ(texts(named(page, "td")).last(), "region: pixels 39, runs 2");
+    for (Element const& each : named(page, "svg", "viewBox"))
+        EXPECT_EQ(each.of("viewBox"), "-0.5 -0.5 40 30");
+    // Without a picture, the ground reaches around them.
+    auto const alone = pageOf(regionOf({{-3, -30, -5}, {31, 38, 50}}));
+    ASSERT_EQ(named(alone, "svg", "viewBox").size(), 1U);
+    QStringList const box = named(alone, "svg", "viewBox")[0].of("viewBox").split(' ');
+    EXPECT_LE(box[0].toDouble(), -30.5);
+    EXPECT_LE(box[1].toDouble(), -3.5);
+    EXPECT_GE(box[0].toDouble() + box[2].toDouble(), 50.5);
+    EXPECT_GE(box[1].toDouble() + box[3].toDouble(), 31.5);
+    EXPECT_LT(box[2].toDouble(), 95.0);
+}
+
+// The name of a region stands in its middle run.
+TEST_F(Page, NamesRegionsInTheirMiddle)
+{
+    auto const page =
+        pageOf(listOf({KDRVariant(image()), regionOf({{2, 5, 9}, {3, 10, 20}, {4, 6, 6}})}));
+    Element const name = named(page, "text").at(0);
+    EXPECT_EQ(name.text, "1");
+    EXPECT_EQ(name.of("x").toDouble(), 15.0);
+    EXPECT_EQ(name.of("y").toDouble(), 3.0);
+}
+
+TEST_F(Page, DrawsNothingThatIsTooFarAway)
+{
+    double const far = 1e7;
+    for (double const sign : {1.0, -1.0})
+        for (double const x : {far, far + 2.0}) {
+            SCOPED_TRACE(sign * x);
+            KDRPoint tail(0.0, 0.0);
+            KDRPoint head(sign * x, 3.0);
+            KDRShape arrow;
+            arrow.fromArrow(tail, head);
+            KDRString letters("word");
+            KDRFont font;
+            KDRShape text;
+            text.fromText(head, letters, font);
+            KDRPointArray corners;
+            corners.push_back(head);
+            corners.push_back(tail);
+            corners.push_back(KDRPoint(5.0, 9.0));
+            KDRShape polygon;
+            polygon.fromPolygon(corners);
+            auto const column = static_cast<long long>(sign * x);
+            auto const page = pageOf(
+                listOf({KDRVariant(image()), KDRVariant(circleAt(sign * x, 1.0, 2.0)),
+                        KDRVariant(circleAt(1.0, sign * x, 2.0)), KDRVariant(lineAt(sign * x)),
+                        KDRVariant(arrow), KDRVariant(text), KDRVariant(polygon),
+                        regionOf({{1, column, column}}), regionOf({{column, 1, 1}}),
+                        regionOf({{1, std::min(column, 1LL), std::max(column, 1LL)}})}));
+            EXPECT_EQ(named(page, "path", "data-kind").size() +
+                          named(page, "circle", "data-kind").size() +
+                          named(page, "text", "data-kind").size(),
+                      x == far ? 9U : 0U);
+            // Rows tell of them all the same.
+            EXPECT_EQ(named(page, "tr", "data-part").size(), 9U);
+            // Names stand where something is drawn.
+            for (Element const& name : named(page, "text"))
+                EXPECT_LE(std::abs(name.of("x").toDouble()), far);
+            // Nor does it stretch a ground of its own.
+            auto const alone = pageOf(listOf({KDRVariant(circleAt(5.0, 5.0, 2.0)),
+                                              KDRVariant(lineAt(sign * x)), KDRVariant(arrow)}));
+            ASSERT_EQ(named(alone, "svg", "viewBox").size(), 1U);
+            EXPECT_EQ(named(alone, "svg", "viewBox")[0].of("viewBox").split(' ')[2].toDouble() >
+                          far / 2.0,
+                      x == far);
+        }
+}
+
+TEST_F(Page, DrawsArcsOnceAroundAtMost)
+{
+    struct Arc
+    {
+        double start;
+        double end;
+        int steps; // of two degrees
+    };
+    for (Arc const& each : {Arc{0.0, 90.0, 45}, Arc{10.0, -50.0, 30}, Arc{0.0, 360.0, 180},
+                            Arc{0.0, 100000.0, 180}, Arc{300.0, -100000.0, 180}}) {
+        SCOPED_TRACE(each.end);
+        KDRPoint centre(100.0, 50.0);
+        KDRShape arc;
+        arc.fromArc(centre, 40.0, each.start, each.end);
+        auto const page = pageOf(listOf({KDRVariant(image()), KDRVariant(arc)}));
+        std::vector<Element> const paths = named(page, "path", "data-kind");
+        ASSERT_EQ(paths.size(), 1U);
+        QStringList const places = paths[0].of("d").mid(1).split('L');
+        ASSERT_EQ(places.size(), each.steps + 1);
+        constexpr double degree = 3.14159265358979323846 / 180.0;
+        double const end = each.start + (each.end < each.start ? -2.0 : 2.0) * each.steps;
+        for (auto const& [place, angle] :
+             {std::pair(places.first(), each.start), std::pair(places.last(), end)}) {
+            EXPECT_NEAR(place.section(' ', 0, 0).toDouble(),
+                        100.0 + 40.0 * std::cos(angle * degree), 0.001);
+            EXPECT_NEAR(place.section(' ', 1, 1).toDouble(), 50.0 + 40.0 * std::sin(angle * degree),
+                        0.001);
+        }
+    }
 }
 
 TEST_F(Page, ShowsDeepPicturesFromTheirLeastToTheirGreatestValue)
 {
-    KDRImage deep(nullptr, 3, 1, 1, 0, KDRImage::DataTypeFloat64);
-    double const values[] = {-1e308, std::nan(""), 1e308};
-    std::memcpy(deep.dataPtr(), values, sizeof values);
-    auto const page = pageOf(KDRVariant(deep));
-    std::vector<Element> const images = named(page, "image");
-    ASSERT_EQ(images.size(), 1U);
-    QString const start = "data:image/png;base64,";
-    ASSERT_TRUE(images[0].of("href").startsWith(start));
-    QFile png(file("held.png"));
-    ASSERT_TRUE(png.open(QIODevice::WriteOnly));
-    png.write(QByteArray::fromBase64(images[0].of("href").mid(start.size()).toLatin1()));
-    png.close();
-    KDRImage held;
-    QByteArray const path = file("held.png").toUtf8();
-    ASSERT_NE(held.read(KDRString().fromUtf8(path.constData())), 0);
-    EXPECT_EQ(held.depth(), KDRImage::DataTypeUInt8);
-    EXPECT_EQ(held.dataPtr()[0], 0);
-    EXPECT_EQ(held.dataPtr()[1], 0); // no number
-    EXPECT_EQ(held.dataPtr()[2], 255);
-}
-
-TEST_F(Page, HasTablesOfNumbers)
-{
-    KDRMatrix matrix(2, 2, KDRMatrix::MatrixTypeFloat64);
-    double const elements[] = {1.5, -2.0, 1e300, 0.1};
-    std::memcpy(matrix.dataPtr(), elements, sizeof elements);
-    KDRNumberArray numbers;
-    for (int i = 0; i < 12; ++i)
-        numbers.push_back(KDRNumber(i * 100000));
-    KDRPointArray points;
-    points.push_back(KDRPoint(3.0, -4.5));
-    auto const page = pageOf(
-        listOf({"m", KDRVariant(matrix), "n", KDRVariant(numbers), "p", KDRVariant(points)}));
-    EXPECT_EQ(texts(named(page, "td")).join(' '),
-              "0 1.5 -2 1 1e+300 0.1 "
-              "0 0 100000 200000 300000 400000 500000 600000 700000 800000 900000 "
-              "10 1000000 1100000         "
-              "0 3 -4.5");
-    EXPECT_EQ(texts(named(page, "h2")),
-              QStringList({"m, at [1]", "n, at [3]", "p, at [5]", "The value"}));
-    EXPECT_EQ(named(page, "figure").size(), 1U);
-}
-
-TEST_F(Page, CutsLongTables)
-{
-    KDRNumberArray numbers;
-    for (int i = 0; i < 10050; ++i)
-        numbers.push_back(KDRNumber(i));
-    auto const page = pageOf(
-        listOf({KDRVariant(numbers), KDRVariant(KDRMatrix(1001, 65, KDRMatrix::MatrixTypeUInt8))}));
-    EXPECT_EQ(named(page, "tr").size(), 2U * (1U + 1000U));
-    QStringList about;
-    for (Element const& each : page)
-        if (each.of("class") == "about")
-            about << each.text;
-    EXPECT_EQ(about, QStringList({"10050 numbers; the first 10000 of 10050 numbers",
-                                  "1001 rows, 65 columns; the first 1000 of 1001 rows; the first "
-                                  "64 of 65 columns"}));
+    double const infinity = std::numeric_limits<double>::infinity();
+    double const none = std::nan("");
+    // Whose difference is no double; no numbers; no difference; nothing but what is no number.
+    EXPECT_EQ(greysOf({-1e308, none, 1e308, 0.0}), std::vector<int>({0, 0, 255, 128}));
+    EXPECT_EQ(greysOf({-infinity, 10.0, 20.0, infinity}), std::vector<int>({0, 0, 255, 255}));
+    EXPECT_EQ(greysOf({-1.5e308, 1.5e308, 1.2e308}), std::vector<int>({0, 255, 230}));
+    EXPECT_EQ(greysOf({7.0, 7.0}), std::vector<int>({0, 0}));
+    EXPECT_EQ(greysOf({none, infinity, -infinity}), std::vector<int>({0, 0, 0}));
 }
 
 TEST_F(Page, SurvivesNumbersBeyondAllPictures)

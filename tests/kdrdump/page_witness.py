@@ -24,6 +24,7 @@ class Reader(html.parser.HTMLParser):
         super().__init__()
         self.open = []
         self.count = 0
+        self.ids = set()
         self.mistakes = []
 
     def handle_starttag(self, tag, attrs):
@@ -34,12 +35,18 @@ class Reader(html.parser.HTMLParser):
     def handle_startendtag(self, tag, attrs):
         self.count += 1
         for name, value in attrs:
-            if name.split(":")[-1] in REFERRING and not (value or "").startswith("data:"):
+            if name == "id":
+                self.ids.add(value)
+            if name.split(":")[-1] in REFERRING and not self.is_inside(value or ""):
                 self.mistakes.append(f"{tag} refers to {value[:60]}")
             if name.startswith("on"):
                 self.mistakes.append(f"{tag} has {name}")
         if tag in ("link", "iframe", "object", "base"):
             self.mistakes.append(f"there is a {tag}")
+
+    def is_inside(self, address):
+        """Whether an address is data, or a place further up on the page."""
+        return address.startswith("data:") or (address[:1] == "#" and address[1:] in self.ids)
 
     def handle_endtag(self, tag):
         if not self.open or self.open.pop() != tag:

@@ -36,7 +36,27 @@ TEST_F(Select, TakesElementsOfLists)
     EXPECT_EQ(valueAt("[4][2]"), "30\n");
     EXPECT_EQ(valueAt("[4].number array[2]"), "30\n");
     EXPECT_EQ(valueAt("[1].variant array[1][0]"), "8\n");
+    EXPECT_EQ(valueAt("[1].variant array[0].number"), "7\n");
     EXPECT_EQ(valueAt(""), printed({"value.kdr", "--json"}));
+}
+
+TEST_F(Select, KeepsTheRangesOfElements)
+{
+    KDRNumber number(4);
+    number.setMaxValue(9.0);
+    KDRNumberArray numbers;
+    numbers.push_back(number);
+    numbers.replace(0, number); // which keeps the range
+    KDRPoint point(1.0, 2.0);
+    point.setXMaxVal(5.0);
+    KDRPointArray points;
+    points.push_back(point);
+    save(listOf({KDRVariant(numbers), KDRVariant(points)}));
+    EXPECT_EQ(printed({"value.kdr", "--select", "[0][0]"}),
+              "  kind  name                value\n"
+              "     1  value               4  iType:1,Max:9,Min:0,step:0\n");
+    KDRVariant element(points[0]);
+    EXPECT_EQ(valueAt("[1][0]"), kdrio::toJson(element).toUtf8().constData());
 }
 
 TEST_F(Select, TakesContentsByTheirNames)
@@ -47,6 +67,8 @@ TEST_F(Select, TakesContentsByTheirNames)
     EXPECT_EQ(valueAt("[3][1].circle.radius"), "6.5\n");
     EXPECT_EQ(valueAt("[2].shape.circle.centre").substr(0, 2), "{\n");
     EXPECT_EQ(valueAt("[1][0].number"), "7\n");
+    EXPECT_EQ(valueAt("[5].matrix[1]"), "0\n");
+    EXPECT_EQ(valueAt("[5].matrix.type"), "\"s32\"\n");
     // Without --json, too: a field has no tree.
     EXPECT_EQ(printed({"value.kdr", "--select", "[2].shape.circle.radius"}), "3.5\n");
 }
@@ -91,6 +113,8 @@ TEST_F(Select, RefusesWhatIsNotThere)
     EXPECT_EQ(refusedAt("[2].image"), "cannot select '[2].image': there is no .image in [2]");
     EXPECT_EQ(refusedAt("[2].shape.shape"),
               "cannot select '[2].shape.shape': there is no .shape in [2].shape");
+    EXPECT_EQ(refusedAt("[5].matrix[2]"),
+              "cannot select '[5].matrix[2]': there is no [2] in [5].matrix");
     EXPECT_EQ(refusedAt("[3][2]"), "cannot select '[3][2]': there is no [2] in [3]");
     EXPECT_EQ(refusedAt("[4].number array[3]"),
               "cannot select '[4].number array[3]': there is no [3] in [4].number array");
@@ -99,7 +123,7 @@ TEST_F(Select, RefusesWhatIsNotThere)
 TEST_F(Select, RefusesWhatIsNoPath)
 {
     for (char const* path : {"[", "[]", "[x]", "[-1]", "[+1]", "[99999999999]", "[1", "[1]2",
-                             "[1].", ".", "[1]..x", "[ 1]"}) {
+                             "[1].", ".", "[1]..x", "[ 1]", "[1 ]", "[1][٣]"}) {
         std::string const said = refusedAt(path);
         EXPECT_EQ(said.find(std::string("cannot select '") + path + "': "), 0U) << said;
         EXPECT_NE(said.find("expected at character "), std::string::npos) << said;

@@ -95,6 +95,32 @@ TEST(Json, WhatIsSharedIsWrittenOnce)
               "\"shared\":1}},{\"shared\":0},{\"image\":{\"shared\":1}}]");
 }
 
+// Forty lists of two that hold each other are a tree of 2^40 flags.
+TEST(Json, WhatIsSharedManyTimesOverIsWrittenOnce)
+{
+    KDRVariant byStore(true);
+    KDRVariantArray byList;
+    byList.push_back(KDRVariant(true));
+    for (int i = 0; i < 40; ++i) {
+        KDRVariantArray ofStores;
+        ofStores.push_back(byStore);
+        ofStores.push_back(byStore);
+        byStore = KDRVariant(ofStores);
+        // Stores of their own, which share the list alone.
+        KDRVariantArray ofLists;
+        ofLists.push_back(KDRVariant(byList));
+        ofLists.push_back(KDRVariant(byList));
+        byList = ofLists;
+    }
+    std::string const shared = compact(byStore);
+    EXPECT_EQ(shared.find("[{\"shared\":0,\"value\":{\"variant array\":[{\"shared\":1,"), 0U);
+    EXPECT_EQ(shared.rfind("{\"shared\":0}]"), shared.size() - 13);
+    EXPECT_LT(shared.size(), 3000U);
+    std::string const alike = compact(KDRVariant(byList));
+    EXPECT_NE(alike.find("true"), std::string::npos);
+    EXPECT_LT(alike.size(), 6000U);
+}
+
 TEST(Json, EveryValueHasAText)
 {
     for (NamedValue const& named : everyNamedValue()) {
