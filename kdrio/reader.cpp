@@ -219,16 +219,22 @@ QString Reader::text()
         fail("a text whose length is not said before");
     if (m_cbor.length() > quint64(std::max(left(), 0LL)) || m_cbor.length() >= INT_MAX / 4)
         fail("a text that is longer than the rest of the input, or too long");
+    auto const length = static_cast<int>(m_cbor.length());
     QString text(QLatin1String(""));
     for (;;) {
         auto const read = m_cbor.readString();
         if (read.status == QCborStreamReader::EndOfString)
-            return text;
+            break;
         if (read.status == QCborStreamReader::Error)
             failExpected("a text");
         if (!read.data.isEmpty())
             text = read.data;
     }
+    // A byte order mark at the beginning is a character like any other, which Qt takes away. Where
+    // there is no more than ASCII, there is none.
+    if (text.size() != length && text.toUtf8().size() != length)
+        text.prepend(QChar(QChar::ByteOrderMark));
+    return text;
 }
 
 QByteArray Reader::bytes()

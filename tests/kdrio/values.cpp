@@ -117,6 +117,10 @@ public:
         all.push_back(KDRString());
         all.push_back(KDRString(""));
         add("texts", all);
+        // The first mark tells the byte order and is no part of the text; the second one is.
+        unsigned short const marked[] = {0xFEFF, 0xFEFF, 'a'};
+        add("text after a mark", KDRString(marked, 3));
+        add("mark alone", KDRString(marked, 2));
         for (int const unit : {0, 0xD800, 0xFFFF})
             add("char " + std::to_string(unit), KDRChar(static_cast<unsigned short>(unit)));
         KDRFont font;
