@@ -39,7 +39,7 @@ LAYOUTS = {
     "SharedCount": {"_M_use_count": 8},
     "VelList<VelPoint>": {"items._M_impl._M_start": 0, "items._M_impl._M_finish": 8},
 }
-SIZES = {"VelPoint": 16, "VelImage": 8, "VelMatrix": 24, "VelRegion": 24, "VelContour": 8,
+SIZES = {"VelPoint": 16, "VelImage": 8, "VelMatrix": 40, "VelRegion": 24, "VelContour": 8,
          "VelRun": 24}
 
 TYPES = ("u8", "s8", "u16", "s16", "s32", "f32", "f64")
