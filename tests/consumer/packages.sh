@@ -14,9 +14,9 @@ for package in "$packages"/*.deb; do
     dpkg-deb --extract "$package" "$unpacked/tree"
 done
 cmake -S "$here/find_package" -B "$unpacked/build" "-DCMAKE_PREFIX_PATH=$unpacked/tree/usr"
-cmake --build "$unpacked/build"
 # The loader does not look into this root, and the packaged libraries carry no paths.
 libraries=$(dirname "$(find "$unpacked/tree" -name 'libKDRData.so')")
+LD_LIBRARY_PATH=$libraries cmake --build "$unpacked/build"
 LD_LIBRARY_PATH=$libraries "$unpacked/build/consumer"
 
 # The program, of a package of its own, shows a value, and its manual is where man looks for it.
