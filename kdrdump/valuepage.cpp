@@ -34,7 +34,7 @@ std::string sectionOf(Scene const& scene, std::vector<Picture> const& pictures,
         scene.picture ? page::pictureOf(scene.picture->image, groundOf(scene, pictures),
                                         scene.parts, {}, firstPart)
                       : page::drawingOf(scene.parts, firstPart);
-    std::string const section = page::sectionOf(headingOf(scene), drawing);
+    std::string section = page::sectionOf(headingOf(scene), drawing);
     if (scene.parts.empty())
         return section;
     page::PageTable table;

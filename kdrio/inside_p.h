@@ -15,10 +15,22 @@
 #include <QtCore/qlist.h>
 #include <QtCore/qstring.h>
 
+#include <cstring>
+
 /// What a file carries and no public operation shows: which store a variant has and the step of a
 /// number. All of the library's knowledge of the insides of KDRData stands here; the two are built
 /// and installed together.
 namespace kdrio::inside {
+
+/// Whether two numbers are the same in every bit: 0.0 is not -0.0, and a NaN may be itself.
+inline bool sameBits(double one, double other)
+{
+    quint64 bits = 0;
+    quint64 others = 0;
+    std::memcpy(&bits, &one, sizeof bits);
+    std::memcpy(&others, &other, sizeof others);
+    return bits == others;
+}
 
 /// The store of a variant, the same for all handles that share it.
 inline KDRVariantPrivate& store(KDRVariant const& value)

@@ -156,7 +156,7 @@ private:
             return QJsonObject{{QStringLiteral("length"), static_cast<int>(array.size())},
                                {QStringLiteral("sha1"), checksum(QCborValue(array).toCbor())}};
         QJsonArray written;
-        for (QCborValue const& element : array)
+        for (QCborValue const element : array)
             written.append(ofVariants ? value(element) : contents(element));
         return written;
     }
@@ -184,7 +184,7 @@ private:
         if (tag != format::dimensions)
             return typed(cbor, {});
         QJsonArray size;
-        for (QCborValue const& length : held.toArray().at(0).toArray())
+        for (QCborValue const length : held.toArray().at(0).toArray())
             size.append(length.toInteger());
         return typed(held.toArray().at(1), size);
     }

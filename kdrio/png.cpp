@@ -54,7 +54,7 @@ bool readHeader(QByteArray const& picture, Header& header)
     char const* const fields = picture.constData() + startLength;
     header.width = qFromBigEndian<quint32>(fields);
     header.height = qFromBigEndian<quint32>(fields + 4);
-    int const bits = fields[8];
+    int const bits = static_cast<unsigned char>(fields[8]);
     header.bytes = bits == 8 ? 1 : bits == 16 ? 2 : 0;
     switch (fields[9]) {
     case 0:
@@ -99,7 +99,7 @@ QByteArray encode(KDRImage const& image)
 
 QString decode(QByteArray const& picture, long long mostPixels, KDRImage& image)
 {
-    QString const damaged = QStringLiteral("a damaged picture");
+    QString damaged = QStringLiteral("a damaged picture");
     Header header = {};
     if (!readHeader(picture, header) || header.width < 1 || header.height < 1 ||
         header.width > INT_MAX || header.height > INT_MAX)

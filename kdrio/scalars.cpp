@@ -5,18 +5,12 @@
 
 #include <kdrdata/text/kdrchar.h>
 
-#include <cstring>
-
 namespace kdrio {
 
 namespace {
 
-// Not by comparison: a range of -0.0 or of NaN is one too.
-bool isPlainZero(double number)
-{
-    constexpr double zero = 0.0;
-    return std::memcmp(&number, &zero, sizeof number) == 0;
-}
+// A range of -0.0 or of NaN is one too.
+bool isPlainZero(double number) { return inside::sameBits(number, 0.0); }
 
 // Whether UTF-8 gives a text back: it has no half of a pair.
 bool isGivenBackByUtf8(QString const& text)

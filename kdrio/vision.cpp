@@ -6,7 +6,6 @@
 #include <kdrdata/vision/vision.h>
 
 #include <climits>
-#include <cstring>
 
 namespace kdrio {
 
@@ -21,9 +20,8 @@ struct Range
 
     bool isDefault() const
     {
-        constexpr double defaults[] = {999999.0, -999999.0, 1.0};
-        double const own[] = {maximum, minimum, step};
-        return std::memcmp(own, defaults, sizeof own) == 0;
+        return inside::sameBits(maximum, 999999.0) && inside::sameBits(minimum, -999999.0) &&
+               inside::sameBits(step, 1.0);
     }
 };
 
@@ -140,7 +138,8 @@ void write(Writer& writer, KDRRegion const& value)
     writer.integer(numbersOfRun);
     writer.endList();
     writer.tag(format::int64s);
-    writer.bytes(runs.data(), static_cast<long long>(runs.size() * sizeof(qint64)));
+    writer.bytes(runs.data(),
+                 static_cast<long long>(runs.size()) * static_cast<long long>(sizeof(qint64)));
     writer.endList();
     writer.endMap();
 }

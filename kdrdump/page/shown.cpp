@@ -61,9 +61,9 @@ void stretch(KDRImage const& from, KDRImage const& to)
 
 void copy(KDRImage const& from, KDRImage const& to)
 {
-    int const channels = to.channel();
+    std::ptrdiff_t const channels = to.channel();
     for (int y = 0; y < from.height(); ++y)
-        for (int x = 0; x < from.width(); ++x)
+        for (std::ptrdiff_t x = 0; x < from.width(); ++x)
             std::memcpy(to.dataPtr() + static_cast<std::ptrdiff_t>(y) * to.step() + x * channels,
                         rowOf(from, y) + x * from.channel(), static_cast<std::size_t>(channels));
 }

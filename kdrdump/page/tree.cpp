@@ -125,7 +125,7 @@ public:
         if (first != i)
             return "the same as " + entries[first].path +
                    (known->second.empty() ? "" : ": " + known->second);
-        std::string const brief = page::inBrief(entries[i].value);
+        std::string brief = page::inBrief(entries[i].value);
         if (known != briefs.end())
             known->second = brief;
         return brief;
