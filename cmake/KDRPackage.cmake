@@ -1,6 +1,6 @@
 # Debian packages of the install components, made by CPack (./dev package): libkdrdata1 with all
-# shared libraries, libkdrdata-dev, libkdrdata-doc, and kdrdata-tools and python3-kdrdata where they are
-# built. Meant to be configured with the prefix /usr, as the preset `package` does.
+# shared libraries, libkdrdata-dev, libkdrdata-doc, and kdrdata-tools and python3-kdrdata where they
+# are built. Meant to be configured with the prefix /usr, as the preset `package` does.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libkdrdata)
 set(CPACK_PACKAGE_VENDOR "KDRData")

@@ -94,7 +94,7 @@ TEST_F(example, inspect_measures_the_part_that_it_draws)
     Outcome const run = inspect({"--drawn-part"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
-    EXPECT_TRUE(run.says("Found 6 of 6 figures of the drawn part\\."));
+    EXPECT_TRUE(says(run, "Found 6 of 6 figures of the drawn part\\."));
     EXPECT_TRUE(run.out.endsWith(": " + QDir(file(".")).canonicalPath() + "/part-found.png\n"));
 
     QStringList const lines = run.out.split('\n');
@@ -186,7 +186,7 @@ TEST_F(example, inspect_packs_the_part_into_a_recipe)
              "     1    reach +6  iType:1,Max:12,Min:1,step:1",
              "  1000    is found +6 of 6 yes",
          })
-        EXPECT_TRUE(recipe.says(line)) << line << '\n' << recipe.out.toStdString();
+        EXPECT_TRUE(says(recipe, line)) << line << '\n' << recipe.out.toStdString();
 }
 
 } // namespace

@@ -1,29 +1,14 @@
-// What the program writes as a page for the browser. The page is read as XML, the way a browser
-// takes it apart.
+// What the program writes as a page for the browser.
 
+#include "../../tests/support/pageelements.h"
 #include "inspectrun.h"
 
 #include <QtCore/qfile.h>
-#include <QtCore/qmap.h>
-#include <QtCore/qxmlstream.h>
 #include <algorithm>
 #include <cmath>
 #include <vector>
 
 namespace {
-
-struct Element
-{
-    QString name;
-    QMap<QString, QString> attributes;
-    QString text; // with that of the elements in it
-    int depth;
-    std::size_t end; // the place behind its last element
-
-    bool has(char const* attribute) const { return attributes.contains(attribute); }
-    QString of(char const* attribute) const { return attributes.value(attribute); }
-    double number(char const* attribute) const { return of(attribute).toDouble(); }
-};
 
 // The elements of a page, in the order of their starts.
 class Page
@@ -34,26 +19,7 @@ public:
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
         bytes = file.readAll();
-        QXmlStreamReader reader(bytes);
-        std::vector<std::size_t> open;
-        while (!reader.atEnd()) {
-            reader.readNext();
-            if (reader.isStartElement()) {
-                Element element{reader.name().toString(), {}, "", static_cast<int>(open.size()), 0};
-                for (QXmlStreamAttribute const& each : reader.attributes())
-                    element.attributes[each.name().toString()] = each.value().toString();
-                open.push_back(elements.size());
-                elements.push_back(element);
-            } else if (reader.isEndElement()) {
-                elements[open.back()].end = elements.size();
-                open.pop_back();
-            } else if (reader.isCharacters()) {
-                for (std::size_t const place : open)
-                    elements[place].text += reader.text();
-            }
-        }
-        EXPECT_FALSE(reader.hasError())
-            << reader.lineNumber() << ": " << reader.errorString().toStdString();
+        elements = elementsOf(bytes);
     }
 
     // The elements of a name, in another one or anywhere, that have an attribute or need none.
@@ -93,7 +59,7 @@ private:
     std::size_t count(Element const& root) const
     {
         auto const place = std::find_if(elements.begin(), elements.end(), [&](Element const& each) {
-            return each.end == root.end && each.depth == root.depth;
+            return each.end == root.end && each.around == root.around;
         });
         return root.end - static_cast<std::size_t>(place - elements.begin()) - 1;
     }
@@ -355,7 +321,7 @@ TEST_F(report, tells_what_was_shared_as_the_console_does)
             ++rows;
             SCOPED_TRACE(cells.join(' ').toStdString());
             if (arguments.contains(COINS)) {
-                EXPECT_TRUE(run.says("  " + cells.join(" +") + "(  .no pointer.*)?"));
+                EXPECT_TRUE(says(run, "  " + cells.join(" +") + "(  .no pointer.*)?"));
             } else {
                 EXPECT_EQ(cells[3], "1");
             }
@@ -376,13 +342,13 @@ TEST_F(report, shows_the_drawn_part)
     for (std::size_t i = 0; i < rows.size(); ++i) {
         QStringList const cells = page.cells(rows[i]);
         ASSERT_EQ(cells.size(), 5);
-        EXPECT_TRUE(run.says(QString("  %1: %2, found as %3").arg(cells[0], cells[1], cells[2])))
+        EXPECT_TRUE(says(run, QString("  %1: %2, found as %3").arg(cells[0], cells[1], cells[2])))
             << cells.join(' ').toStdString();
         // The numbers, which the console tells below each other under their names.
         QString found = "    found   ";
         for (QString const& quantity : cells[4].split(", "))
             found += " +" + quantity.section(' ', -1);
-        EXPECT_TRUE(run.says(found)) << found.toStdString();
+        EXPECT_TRUE(says(run, found)) << found.toStdString();
         EXPECT_EQ(figures[i].of("id"), "part-" + QString::number(i + 1));
         EXPECT_EQ(page.all("path", "data-kind", &figures[i]).at(0).of("data-kind"), cells[2]);
     }

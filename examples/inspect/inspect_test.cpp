@@ -73,7 +73,7 @@ TEST_F(example, inspect_finds_24_coins)
         << run.out.toStdString();
     EXPECT_TRUE(run.out.endsWith(": " + QDir(file(".")).canonicalPath() + "/coins-found.png\n"))
         << run.out.toStdString();
-    EXPECT_TRUE(run.says("    10    features +3 x 24"));
+    EXPECT_TRUE(says(run, "    10    features +3 x 24"));
 
     // Coins, not bits of them and not two in one: all round, none overlapping another.
     std::vector<Part> const parts = partsIn(run);
@@ -214,7 +214,7 @@ TEST_F(example, inspect_tells_which_figures_survive_the_core_record)
              "  text +1 +11 +3 +99  leaves no trace",
              "  region +1 +10 +3 +99  leaves no trace",
          })
-        EXPECT_TRUE(run.says(row)) << row << '\n' << run.out.toStdString();
+        EXPECT_TRUE(says(run, row)) << row << '\n' << run.out.toStdString();
 }
 
 TEST_F(example, inspect_packs_parameters_shapes_results_and_flags_into_a_recipe)
@@ -248,7 +248,7 @@ TEST_F(example, inspect_packs_parameters_shapes_results_and_flags_into_a_recipe)
              "  1000    is round +3 of 3 yes",
              "     0    all inside +yes",
          })
-        EXPECT_TRUE(recipe.says(line)) << line << '\n' << recipe.out.toStdString();
+        EXPECT_TRUE(says(recipe, line)) << line << '\n' << recipe.out.toStdString();
 
     // The outlines run through the middles of a region's outermost pixels, half of each of which
     // lies outside. Outlines have fewer pixels than they are long, since they go across some.
@@ -282,7 +282,7 @@ TEST_F(example, inspect_tells_round_parts_from_others)
             EXPECT_NEAR(std::remainder(part.angle, 180.0), 0.0, 1.0);
         }
     }
-    EXPECT_TRUE(run.says("  1000    is round +3 of 4 yes")) << run.out.toStdString();
+    EXPECT_TRUE(says(run, "  1000    is round +3 of 4 yes")) << run.out.toStdString();
 }
 
 TEST_F(example, inspect_shares_one_store_for_each_value)
@@ -301,7 +301,7 @@ TEST_F(example, inspect_shares_one_store_for_each_value)
              "  recipe +1800 +1 +1",
              "  roundness +1001 +4 +-  .*",
          })
-        EXPECT_TRUE(run.says(row)) << row << '\n' << run.out.toStdString();
+        EXPECT_TRUE(says(run, row)) << row << '\n' << run.out.toStdString();
 }
 
 // Pictures with the disks in them.
@@ -340,7 +340,7 @@ TEST_F(example, inspect_leaves_out_parts_that_the_edge_cuts)
     Outcome const run = inspect({"cut.png"});
     expectTheDisks(run);
     EXPECT_TRUE(run.out.contains("pixels), and 1 cut by its edge.\n")) << run.out.toStdString();
-    EXPECT_TRUE(run.says("     0    all inside +no"));
+    EXPECT_TRUE(says(run, "     0    all inside +no"));
 }
 
 TEST_F(example, inspect_finds_nothing_in_an_even_picture)
@@ -353,7 +353,7 @@ TEST_F(example, inspect_finds_nothing_in_an_even_picture)
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.err, "");
         EXPECT_TRUE(run.out.contains("\nFound 0 parts in "));
-        EXPECT_TRUE(run.says("  1006    circles +0 figures")) << run.out.toStdString();
+        EXPECT_TRUE(says(run, "  1006    circles +0 figures")) << run.out.toStdString();
     }
 }
 
@@ -444,7 +444,7 @@ TEST_F(example, inspect_saves_the_picture_and_the_recipe)
         Outcome const run = inspect(QStringList(arguments) << "--save"
                                                            << "value.kdr");
         EXPECT_EQ(run.status, 0) << run.err.toStdString();
-        EXPECT_TRUE(run.says("The saved value, for kdrdump: .*/value\\.kdr"));
+        EXPECT_TRUE(says(run, "The saved value, for kdrdump: .*/value\\.kdr"));
         KDRVariant value;
         QByteArray const path = file("value.kdr").toUtf8();
         ASSERT_TRUE(kdrio::load(KDRString().fromUtf8(path.constData()), &value));
@@ -466,7 +466,7 @@ TEST_F(example, inspect_saves_the_picture_and_the_recipe)
             names << name.toUtf8().constData();
             // All but the picture the console lists as the recipe, with kinds and names.
             KDRVariant held(list[i + 1]);
-            EXPECT_EQ(run.says(QString(" *%1  %2").arg(held.variantType()).arg(names.last())),
+            EXPECT_EQ(says(run, QString(" *%1  %2").arg(held.variantType()).arg(names.last())),
                       i > 0)
                 << names.last().toStdString();
         }

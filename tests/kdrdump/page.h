@@ -1,25 +1,10 @@
 #ifndef KDRDATA_TESTS_KDRDUMP_PAGE_H
 #define KDRDATA_TESTS_KDRDUMP_PAGE_H
 
-// The tests of pages read them as XML.
-
+#include "../support/pageelements.h"
 #include "run.h"
 
-#include <QtCore/qmap.h>
-#include <QtCore/qxmlstream.h>
 #include <cstring>
-#include <vector>
-
-/// An element of a page.
-struct Element
-{
-    QString name;
-    QMap<QString, QString> attributes;
-    QString text; // with that of the elements in it
-    QStringList around;
-
-    QString of(char const* attribute) const { return attributes.value(attribute); }
-};
 
 /// An empty directory to make pages in.
 class Page : public Dump
@@ -30,30 +15,7 @@ protected:
     {
         save(value);
         EXPECT_EQ(printed(QStringList({"value.kdr", "--html", "page.html"}) + more), "page.html\n");
-        QXmlStreamReader reader(read("page.html"));
-        std::vector<Element> elements;
-        std::vector<std::size_t> open;
-        QStringList around;
-        while (!reader.atEnd()) {
-            reader.readNext();
-            if (reader.isStartElement()) {
-                Element element{reader.name().toString(), {}, "", around};
-                for (QXmlStreamAttribute const& each : reader.attributes())
-                    element.attributes[each.name().toString()] = each.value().toString();
-                around << element.name + '.' + element.of("class");
-                open.push_back(elements.size());
-                elements.push_back(element);
-            } else if (reader.isEndElement()) {
-                around.removeLast();
-                open.pop_back();
-            } else if (reader.isCharacters()) {
-                for (std::size_t const place : open)
-                    elements[place].text += reader.text();
-            }
-        }
-        EXPECT_FALSE(reader.hasError())
-            << reader.lineNumber() << ": " << reader.errorString().toStdString();
-        return elements;
+        return elementsOf(read("page.html"));
     }
 
     static std::vector<Element> named(std::vector<Element> const& all, char const* name,
@@ -61,7 +23,7 @@ protected:
     {
         std::vector<Element> found;
         for (Element const& each : all)
-            if (each.name == name && (!attribute || each.attributes.contains(attribute)))
+            if (each.name == name && (!attribute || each.has(attribute)))
                 found.push_back(each);
         return found;
     }

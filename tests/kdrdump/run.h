@@ -1,40 +1,19 @@
 #ifndef KDRDATA_TESTS_KDRDUMP_RUN_H
 #define KDRDATA_TESTS_KDRDUMP_RUN_H
 
-// The tests run the program as a user does and judge what it says and writes.
+#include "../support/programrun.h"
 
-#include <QtCore/qcoreapplication.h>
 #include <QtCore/qdir.h>
 #include <QtCore/qfile.h>
-#include <QtCore/qprocess.h>
-#include <QtCore/qtemporarydir.h>
-#include <gtest/gtest.h>
 
 #include <kdrdata/kdrdata.h>
 #include <kdrio/kdrio.h>
 
-/// What one run of the program left behind.
-struct Outcome
-{
-    int status;
-    QString out;
-    QString err;
-};
-
-/// An empty directory to run in.
-class Dump : public testing::Test
+/// An empty directory to run kdrdump in.
+class Dump : public ProgramRun
 {
 protected:
-    Outcome run(QStringList const& arguments) const
-    {
-        QProcess process;
-        process.setWorkingDirectory(directory.path());
-        process.start(KDRDUMP, arguments);
-        EXPECT_TRUE(process.waitForFinished(100000));
-        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    Outcome run(QStringList const& arguments) const { return ProgramRun::run(KDRDUMP, arguments); }
 
     /// What a run that succeeds prints.
     std::string printed(QStringList const& arguments) const
@@ -57,8 +36,6 @@ protected:
         return outcome.err.mid(9).trimmed().toStdString();
     }
 
-    QString file(QString const& name) const { return directory.filePath(name); }
-
     QStringList files() const
     {
         return QDir(directory.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
@@ -79,13 +56,6 @@ protected:
         EXPECT_TRUE(kdrio::save(value, KDRString().fromUtf8(path.constData()), &error))
             << error.line().toUtf8().constData();
     }
-
-private:
-    int argc = 1;
-    char word[5] = "test";
-    char* argv[2] = {word, nullptr};
-    QCoreApplication application{argc, argv};
-    QTemporaryDir directory;
 };
 
 /// A list of variants.

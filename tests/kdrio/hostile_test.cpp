@@ -316,19 +316,23 @@ std::vector<std::string> absurdities()
     return values;
 }
 
-[[noreturn]] void refuseInLittleMemory()
+// Leaves the process what it has, and so many bytes.
+void leaveMemory(long bytes)
 {
-    // What the process has, and 32 MiB.
     long pages = 0;
     FILE* const file = fopen("/proc/self/statm", "r");
     if (!file || fscanf(file, "%ld", &pages) != 1)
         _exit(3);
     fclose(file);
     rlimit little = {};
-    little.rlim_cur = little.rlim_max =
-        static_cast<rlim_t>(pages * sysconf(_SC_PAGESIZE) + (32L << 20));
+    little.rlim_cur = little.rlim_max = static_cast<rlim_t>(pages * sysconf(_SC_PAGESIZE) + bytes);
     if (setrlimit(RLIMIT_AS, &little) != 0)
         _exit(4);
+}
+
+[[noreturn]] void refuseInLittleMemory()
+{
+    leaveMemory(32L << 20);
     for (std::string const& value : absurdities()) {
         KDRVariant loaded;
         kdrio::Error error;
@@ -360,16 +364,7 @@ TEST(Hostile, AbsurdLengthsAreRefusedInLittleMemory)
 [[noreturn]] void loadInTooLittleMemory(std::string const& bytes)
 {
     KDRBuffer const buffer = bufferOf(bytes);
-    long pages = 0;
-    FILE* const file = fopen("/proc/self/statm", "r");
-    if (!file || fscanf(file, "%ld", &pages) != 1)
-        _exit(3);
-    fclose(file);
-    rlimit little = {};
-    little.rlim_cur = little.rlim_max =
-        static_cast<rlim_t>(pages * sysconf(_SC_PAGESIZE) + (4L << 20));
-    if (setrlimit(RLIMIT_AS, &little) != 0)
-        _exit(4);
+    leaveMemory(4L << 20);
     KDRVariant value(5);
     kdrio::Error error;
     bool const isLoaded = kdrio::fromBytes(buffer, &value, &error);
