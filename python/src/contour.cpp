@@ -26,7 +26,7 @@ KDRPointArray pointsOf(KDRContour const& contour)
     return points;
 }
 
-std::string described(KDRContour const& contour)
+std::string contourText(KDRContour const& contour)
 {
     return "<kdrdata.Contour of " + std::to_string(contour.length()) + " points>";
 }
@@ -55,10 +55,12 @@ void bindContour(py::module_& m)
             },
             py::arg("dtype") = py::none(), py::arg("copy") = py::none(),
             "The coordinates as an array of the shape (n, 2) of its own.")
-        .def("__repr__", &described)
+        .def("__repr__", &contourText)
         .def(
             "_repr_html_",
-            [](KDRContour const& self) { return htmlOf({page::polygonOf(self)}, described(self)); },
+            [](KDRContour const& self) {
+                return htmlOf({page::polygonOf(self)}, contourText(self));
+            },
             "For notebooks: the outline, drawn.");
     bindEquality(contour);
     bindPickling(contour);

@@ -7,26 +7,27 @@ namespace kdrpython {
 
 namespace {
 
-constexpr char const* names[] = {"uint8", "int8", "uint16", "int16", "int32", "float32", "float64"};
+constexpr char const* elementNames[] = {"uint8", "int8",    "uint16", "int16",
+                                        "int32", "float32", "float64"};
 
 } // namespace
 
 py::dtype dtypeOf(int code)
 {
-    if (code < 0 || code >= static_cast<int>(std::size(names)))
+    if (code < 0 || code >= static_cast<int>(std::size(elementNames)))
         throw py::value_error("NumPy has no elements of type " + std::to_string(code));
-    return py::dtype(names[code]);
+    return py::dtype(elementNames[code]);
 }
 
 int codeOf(py::handle dtype)
 {
     py::dtype const wanted = py::dtype::from_args(py::reinterpret_borrow<py::object>(dtype));
-    for (int code = 0; code < static_cast<int>(std::size(names)); ++code) {
-        if (wanted.equal(py::dtype(names[code])))
+    for (int code = 0; code < static_cast<int>(std::size(elementNames)); ++code) {
+        if (wanted.equal(py::dtype(elementNames[code])))
             return code;
     }
     std::string all;
-    for (char const* name : names)
+    for (char const* name : elementNames)
         all += std::string(all.empty() ? "" : ", ") + name;
     throw py::value_error("elements are of the types " + all + ", not " +
                           py::str(py::handle(wanted)).cast<std::string>());

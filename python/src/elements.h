@@ -11,6 +11,9 @@ namespace kdrpython {
 
 namespace py = pybind11;
 
+/// An image has at most so many.
+constexpr int mostChannels = 4;
+
 /// NumPy's type of a code. Throws ValueError for a code that the library has no name for.
 py::dtype dtypeOf(int code);
 

@@ -22,7 +22,7 @@ KDRFont made(py::object const& faceName, long size, py::object const& weight, bo
     return font;
 }
 
-std::string described(KDRFont& font)
+std::string fontText(KDRFont& font)
 {
     std::string text = "Font(" + py::repr(toPython(font.faceName())).cast<std::string>() +
                        ", size=" + std::to_string(font.size()) +
@@ -66,7 +66,7 @@ void bindFont(py::module_& m)
                       "The underline flag; any value but 0 is underlined.")
         .def_property("strike_out", &KDRFont::strikeOut, &KDRFont::setStrikeOut,
                       "The strike-out flag; any value but 0 is struck out.")
-        .def("__repr__", &described);
+        .def("__repr__", &fontText);
     bindEquality(font);
     bindPickling(font);
 }

@@ -15,7 +15,7 @@ void bindPlaceholder(py::module_& m, char const* name, char const* what)
         std::string(what) + "\n\nThis version carries no data: all are equal to each other.";
     py::class_<Class> cls(m, name, doc.c_str());
     std::string const text = std::string(name) + "()";
-    cls.def(py::init<>()).def("__repr__", [text](Class const&) { return text; });
+    cls.def(py::init<>()).def("__repr__", [text](Class const&) { return py::str(text); });
     bindEquality(cls);
     bindPickling(cls);
 }

@@ -19,10 +19,8 @@ namespace kdrpython {
 
 namespace {
 
-constexpr int mostChannels = 4;
-
-KDRImage created(py::ssize_t width, py::ssize_t height, py::ssize_t channels,
-                 py::object const& dtype)
+KDRImage newImage(py::ssize_t width, py::ssize_t height, py::ssize_t channels,
+                  py::object const& dtype)
 {
     int const code = codeOf(dtype);
     if (width < 1 || height < 1 || channels < 1 || channels > mostChannels || width > INT_MAX ||
@@ -78,12 +76,12 @@ Extent extentOf(py::array const& array)
 }
 
 // A copy by NumPy, which reads rows of any strides and lets other threads run meanwhile.
-KDRImage copyOf(py::array const& array)
+KDRImage imageOfCopy(py::array const& array)
 {
     int code = 0;
     Extent const extent = extentOf(array);
     py::array const known = withKnownElements(array, &code);
-    KDRImage image = created(extent.width, extent.height, extent.channels, dtypeOf(code));
+    KDRImage image = newImage(extent.width, extent.height, extent.channels, dtypeOf(code));
     py::object const rows = known.attr("reshape")(extent.height, extent.width, extent.channels);
     py::module_::import("numpy").attr("copyto")(pixelsOf(image), rows);
     return image;
@@ -105,13 +103,13 @@ KDRImage imageOver(py::array const& array)
     return image;
 }
 
-KDRImage fromArray(py::object const& array, bool copy)
+KDRImage imageFromArray(py::object const& array, bool copy)
 {
     if (py::isinstance<py::array>(array))
-        return copy ? copyOf(array) : imageOver(array);
+        return copy ? imageOfCopy(array) : imageOver(array);
     if (!copy)
         throw py::type_error("only the memory of an array can be used");
-    return copyOf(py::array(array));
+    return imageOfCopy(py::array(array));
 }
 
 [[noreturn]] void raiseFileError(std::string const& what, py::handle path)
@@ -161,7 +159,7 @@ KDRImage cloneOf(KDRImage const& image)
     return copy;
 }
 
-std::string described(KDRImage const& image)
+std::string imageText(KDRImage const& image)
 {
     if (!image.dataPtr())
         return "<kdrdata.Image without pixels>";
@@ -188,7 +186,7 @@ is written through to the image and all that share its pixels, and it keeps the 
 >>> numpy.asarray(image)[100:200, 50:80] = 255
 )");
     image.def(py::init<>(), "An image without pixels, 0 x 0.")
-        .def(py::init(&created), py::arg("width"), py::arg("height"), py::arg("channels") = 1,
+        .def(py::init(&newImage), py::arg("width"), py::arg("height"), py::arg("channels") = 1,
              py::arg("dtype") = "uint8",
              "An image of zeroed pixels. MemoryError where there is no room for it.")
         .def_static(
@@ -201,7 +199,7 @@ are not.)")
             R"(Writes the image to a file, completely or not at all. The extension of the name tells the
 format; the effort is from 0, fast, to 9, small. OSError where that fails.)")
         .def_static(
-            "from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
+            "from_array", &imageFromArray, py::arg("array"), py::arg("copy") = true,
             R"(An image with the elements of an array of the shape (height, width) or (height, width,
 channels) as pixels. Without a copy the image is in the memory of the array, keeps it alive and
 is written through to it; ValueError where that cannot be, as with arrays that are read-only or
@@ -235,7 +233,7 @@ whose rows are not packed.)")
             py::arg("dtype") = py::none(), py::arg("copy") = py::none(),
             "The pixels as an array, which is written through to them.")
         .def("__bool__", [](KDRImage const& self) { return self.dataPtr() != nullptr; })
-        .def("__repr__", &described)
+        .def("__repr__", &imageText)
         .def(
             "_repr_png_",
             [](KDRImage const& self) -> py::object {
@@ -243,7 +241,7 @@ whose rows are not packed.)")
             },
             "For notebooks: the picture as PNG, in 8 bits a channel.")
         .def(
-            "_repr_html_", [](KDRImage const& self) { return htmlOf(self, described(self)); },
+            "_repr_html_", [](KDRImage const& self) { return htmlOf(self, imageText(self)); },
             "For notebooks: the picture and what it is.");
     bindEquality(image);
     bindPickling(image);

@@ -19,7 +19,7 @@ struct Item<KDRString>
     {
         return kdrpython::toPython(*value);
     }
-    static KDRString fromPython(py::handle value, std::string const& array)
+    static KDRString fromPython(py::handle value, char const* array)
     {
         return toString(value, array);
     }
@@ -37,7 +37,7 @@ struct Item<KDRBuffer>
     {
         return kdrpython::toPython(*value);
     }
-    static KDRBuffer fromPython(py::handle value, std::string const& array)
+    static KDRBuffer fromPython(py::handle value, char const* array)
     {
         return toBuffer(value, array);
     }
@@ -53,7 +53,7 @@ template <>
 struct Item<bool>
 {
     static py::object toPython(std::unique_ptr<bool> value) { return py::bool_(*value); }
-    static bool fromPython(py::handle value, std::string const& array)
+    static bool fromPython(py::handle value, char const* array)
     {
         bool const isFlag = PyBool_Check(value.ptr()) ||
                             py::isinstance(value, py::module_::import("numpy").attr("bool_"));
@@ -79,7 +79,7 @@ struct Item<KDRNumber>
     {
         return py::cast(std::move(value));
     }
-    static Ranged fromPython(py::handle value, std::string const& array)
+    static Ranged fromPython(py::handle value, char const* array)
     {
         Ranged made{KDRNumber(0)};
         if (!readNumber(value, made.number))
@@ -104,7 +104,7 @@ struct Item<KDRNumber>
 template <>
 struct Whole<KDRNumberArray>
 {
-    static bool take(py::handle values, KDRNumberArray& array, std::string const& name)
+    static bool take(py::handle values, KDRNumberArray& array, char const* name)
     {
         if (!isArray(values))
             return false;
@@ -116,7 +116,7 @@ struct Whole<KDRNumberArray>
 template <>
 struct Whole<KDRBoolArray>
 {
-    static bool take(py::handle values, KDRBoolArray& array, std::string const&)
+    static bool take(py::handle values, KDRBoolArray& array, char const*)
     {
         if (!isArray(values) || elementKindOf(values) != 'b')
             return false;
@@ -132,7 +132,7 @@ struct Item<KDRVariant>
     {
         return py::cast(std::move(value));
     }
-    static KDRVariant fromPython(py::handle value, std::string const&) { return variantOf(value); }
+    static KDRVariant fromPython(py::handle value, char const*) { return variantOf(value); }
     static bool equal(KDRVariant const& one, KDRVariant const& other)
     {
         return kdrpython::equal(one, other);

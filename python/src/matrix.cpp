@@ -23,7 +23,7 @@ void* elementsOf(KDRMatrix const& matrix) { return const_cast<KDRMatrix&>(matrix
 // Made where it stays: a matrix that is handed on is copied, with its elements.
 using Made = std::unique_ptr<KDRMatrix>;
 
-Made created(py::ssize_t rows, py::ssize_t columns, py::object const& dtype)
+Made newMatrix(py::ssize_t rows, py::ssize_t columns, py::object const& dtype)
 {
     int const code = codeOf(dtype);
     if (rows < 0 || columns < 0)
@@ -54,12 +54,12 @@ void requireExtent(py::array const& array)
 }
 
 // A copy by NumPy, which reads rows of any strides.
-Made copyOf(py::array const& array)
+Made matrixOfCopy(py::array const& array)
 {
     int code = 0;
     requireExtent(array);
     py::array const known = withKnownElements(array, &code);
-    Made matrix = created(array.shape(0), array.shape(1), dtypeOf(code));
+    Made matrix = newMatrix(array.shape(0), array.shape(1), dtypeOf(code));
     py::object const target = py::cast(matrix.get(), py::return_value_policy::reference);
     py::module_::import("numpy").attr("copyto")(elementsAsArray(target), known);
     return matrix;
@@ -84,16 +84,16 @@ Made matrixOver(py::array const& array)
     return matrix;
 }
 
-Made fromArray(py::object const& array, bool copy)
+Made matrixFromArray(py::object const& array, bool copy)
 {
     if (py::isinstance<py::array>(array))
-        return copy ? copyOf(array) : matrixOver(array);
+        return copy ? matrixOfCopy(array) : matrixOver(array);
     if (!copy)
         throw py::type_error("only the memory of an array can be used");
-    return copyOf(py::array(array));
+    return matrixOfCopy(py::array(array));
 }
 
-std::string described(KDRMatrix const& matrix)
+std::string matrixText(KDRMatrix const& matrix)
 {
     return "<kdrdata.Matrix " + std::to_string(matrix.rows()) + " x " +
            std::to_string(matrix.cols()) + ", " +
@@ -113,10 +113,11 @@ to the matrix and keeps it alive.
 >>> numpy.asarray(matrix)[2, 0] = 1298.0
 )");
     matrix.def(py::init<>(), "A matrix without rows and columns.")
-        .def(py::init(&created), py::arg("rows"), py::arg("columns"), py::arg("dtype") = "float64",
+        .def(py::init(&newMatrix), py::arg("rows"), py::arg("columns"),
+             py::arg("dtype") = "float64",
              "A matrix of zeros. MemoryError where there is no room for it.")
         .def_static(
-            "from_array", &fromArray, py::arg("array"), py::arg("copy") = true,
+            "from_array", &matrixFromArray, py::arg("array"), py::arg("copy") = true,
             R"(A matrix with the elements of an array of the shape (rows, columns). Without a copy the
 matrix is in the memory of the array, keeps it alive and is written through to it; ValueError
 where that cannot be, as with arrays that are read-only or whose rows are not packed.)")
@@ -146,7 +147,7 @@ where that cannot be, as with arrays that are read-only or whose rows are not pa
              [](py::object const& self, py::object const& at, py::object const& value) {
                  elementsAsArray(self).attr("__setitem__")(at, value);
              })
-        .def("__repr__", &described);
+        .def("__repr__", &matrixText);
     bindEquality(matrix);
     bindPickling(matrix);
     bindSequence<KDRMatrixArray, KDRMatrix>(m, "MatrixArray",

@@ -1,4 +1,5 @@
 #include "carried.h"
+#include "number.h"
 #include "sequence.h"
 #include "text.h"
 
@@ -42,8 +43,6 @@ std::string bytesOf(KDRMatchModel const& model)
     model.GetData(reinterpret_cast<unsigned char*>(&bytes[0]));
     return bytes;
 }
-
-std::string numberText(double value) { return py::repr(py::float_(value)).cast<std::string>(); }
 
 void bindPoses(py::module_& m)
 {

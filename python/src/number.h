@@ -13,6 +13,9 @@ namespace kdrpython {
 /// The number as int or float, whichever it is.
 py::object toPython(KDRNumber const& number);
 
+/// The repr() of a float.
+std::string numberText(double value);
+
 /// What stands for the number in a repr(): the value, and with its range a call that makes it.
 std::string inBrief(KDRNumber const& number);
 
@@ -23,7 +26,7 @@ bool readNumber(py::handle value, KDRNumber& number);
 
 /// The elements of an array of NumPy with one dimension, integers or floating-point numbers of any
 /// size. @p where is who takes it; raises TypeError for other elements, OverflowError as above.
-KDRNumberArray toNumberArray(py::handle array, std::string const& where);
+KDRNumberArray toNumberArray(py::handle array, char const* where);
 
 /// The elements of an array of NumPy with one dimension, of flags.
 KDRBoolArray toBoolArray(py::handle array);

@@ -1,5 +1,7 @@
 #include "pickling.h"
 
+#include "define.h"
+#include "elements.h"
 #include "errors.h"
 #include "owner.h"
 #include "text.h"
@@ -97,7 +99,6 @@ Geometry geometryOf(py::tuple const& picture, long long size)
         throw py::value_error("a picture has pixels, a size, channels and an element type");
     Geometry const geometry = {picture[1].cast<int>(), picture[2].cast<int>(),
                                picture[3].cast<int>(), picture[4].cast<int>()};
-    constexpr int mostChannels = 4;
     bool const isPicture = geometry.width > 0 && geometry.height > 0 && geometry.channels > 0 &&
                            geometry.channels <= mostChannels && geometry.type >= VEL_8U &&
                            geometry.type <= VEL_64F;
@@ -181,6 +182,47 @@ KDRVariant deepCopyOf(KDRVariant const& value)
     return put(parts);
 }
 
-void raiseOtherClass() { throw py::value_error("these are the bytes of another class"); }
+void bindPickling(py::object const& cls, Carrying const& carrying)
+{
+    auto const* const made = &carrying;
+    define(
+        cls, "__reduce_ex__",
+        [made](py::object const& self, int protocol) {
+            constexpr int outOfBand = 5;
+            py::tuple const parts = partsOf(made->pack(self), protocol >= outOfBand);
+            py::object const restored = py::module_::import("kdrdata").attr("_restored");
+            return py::make_tuple(restored, py::make_tuple(py::type::of(self), parts[0], parts[1]));
+        },
+        py::arg("protocol"));
+    cls.attr("_from_parts") =
+        py::staticmethod(py::cpp_function([made](py::bytes const& bytes, py::list const& pictures) {
+            KDRVariant packed = fromParts(bytes, pictures);
+            py::object restored = made->unpack(packed);
+            if (!restored)
+                throw py::value_error("these are the bytes of another class");
+            return restored;
+        }));
+    define(cls, "__copy__", [made](py::object const& self) { return made->copy(self); });
+    define(
+        cls, "__deepcopy__",
+        [made](py::object const& self, py::dict const&) {
+            KDRVariant packed = deepCopyOf(made->pack(self));
+            return made->unpack(packed);
+        },
+        py::arg("memo"));
+}
+
+void bindEquality(py::object const& cls, Carrying const& carrying)
+{
+    auto const* const made = &carrying;
+    define(
+        cls, "__eq__",
+        [made](py::object const& self, py::object const& other) {
+            return made->isOne(other) ? py::bool_(equal(made->pack(self), made->pack(other)))
+                                      : notImplemented();
+        },
+        py::arg("other"));
+    cls.attr("__hash__") = py::none();
+}
 
 } // namespace kdrpython

@@ -85,57 +85,59 @@ py::object objectOf(Class const& value)
     return py::cast(std::move(made));
 }
 
-/// Raises kdrdata.Error, as the bytes of a pickle hold another class.
-[[noreturn]] void raiseOtherClass();
+/// What bindPickling() and bindEquality() need of a class whose objects are Carried.
+struct Carrying
+{
+    bool (*isOne)(py::handle value);
+    KDRVariant (*pack)(py::handle self);
+    /// A new object, or none where @p packed holds another class.
+    py::object (*unpack)(KDRVariant& packed);
+    py::object (*copy)(py::handle self);
+};
 
 /// Gives a class pickle, copy.copy (the class's own copy) and copy.deepcopy.
+/// @p carrying stays where it is.
+void bindPickling(py::object const& cls, Carrying const& carrying);
+
+/// Gives a class equality by value, as its saved bytes are, and takes its hash away. Objects of
+/// other classes are different. @p carrying stays where it is.
+void bindEquality(py::object const& cls, Carrying const& carrying);
+
+/// A class as Carrying has it.
+template <class Class>
+class CarryingOf
+{
+    static bool isOne(py::handle value) { return py::isinstance<Class>(value); }
+    static KDRVariant pack(py::handle self)
+    {
+        return Carried<Class>::pack(self.cast<Class const&>());
+    }
+    static py::object unpack(KDRVariant& packed)
+    {
+        auto made = std::make_unique<Class>();
+        if (!Carried<Class>::unpack(packed, *made))
+            return {};
+        return py::cast(std::move(made));
+    }
+    static py::object copy(py::handle self)
+    {
+        return py::cast(std::make_unique<Class>(self.cast<Class const&>()));
+    }
+
+public:
+    static constexpr Carrying carrying = {isOne, pack, unpack, copy};
+};
+
 template <class Class, class... More>
 void bindPickling(py::class_<Class, More...>& cls)
 {
-    cls.def(
-        "__reduce_ex__",
-        [](py::object const& self, int protocol) {
-            constexpr int outOfBand = 5;
-            py::tuple const parts =
-                partsOf(Carried<Class>::pack(self.cast<Class const&>()), protocol >= outOfBand);
-            py::object const restored = py::module_::import("kdrdata").attr("_restored");
-            return py::make_tuple(restored, py::make_tuple(py::type::of(self), parts[0], parts[1]));
-        },
-        py::arg("protocol"));
-    cls.def_static("_from_parts", [](py::bytes const& bytes, py::list const& pictures) {
-        KDRVariant packed = fromParts(bytes, pictures);
-        auto made = std::make_unique<Class>();
-        if (!Carried<Class>::unpack(packed, *made))
-            raiseOtherClass();
-        return made;
-    });
-    cls.def("__copy__", [](Class const& self) { return std::make_unique<Class>(self); });
-    cls.def(
-        "__deepcopy__",
-        [](Class const& self, py::dict const&) {
-            KDRVariant packed = deepCopyOf(Carried<Class>::pack(self));
-            auto made = std::make_unique<Class>();
-            Carried<Class>::unpack(packed, *made);
-            return made;
-        },
-        py::arg("memo"));
+    bindPickling(cls, CarryingOf<Class>::carrying);
 }
 
-/// Gives a class equality by value, as its saved bytes are, and takes its hash away. Objects of
-/// other classes are different.
 template <class Class, class... More>
 void bindEquality(py::class_<Class, More...>& cls)
 {
-    cls.def(
-        "__eq__",
-        [](Class const& self, py::object const& other) -> py::object {
-            if (!py::isinstance<Class>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
-            return py::bool_(equal(Carried<Class>::pack(self),
-                                   Carried<Class>::pack(other.cast<Class const&>())));
-        },
-        py::arg("other"));
-    cls.attr("__hash__") = py::none();
+    bindEquality(cls, CarryingOf<Class>::carrying);
 }
 
 } // namespace kdrpython

@@ -2,6 +2,7 @@
 
 #include "elements.h"
 #include "errors.h"
+#include "number.h"
 #include "pickling.h"
 #include "sequence.h"
 
@@ -11,7 +12,6 @@
 #include <veldata/velpointarray.h>
 
 #include <climits>
-#include <cstring>
 #include <memory>
 
 namespace kdrpython {
@@ -53,8 +53,6 @@ KDRPointArray pointsIn(py::array const& array)
     return points;
 }
 
-std::string numberText(double value) { return py::repr(py::float_(value)).cast<std::string>(); }
-
 } // namespace
 
 template <>
@@ -64,16 +62,15 @@ struct Item<KDRPoint>
     {
         return py::cast(std::move(value));
     }
-    static KDRPoint fromPython(py::handle value, std::string const& array)
+    static KDRPoint fromPython(py::handle value, char const* array)
     {
         return toPoint(value, array);
     }
     /// Points in a list have no ranges.
     static bool equal(KDRPoint const& one, KDRPoint const& other)
     {
-        double const first[] = {one.x(), one.y()};
-        double const second[] = {other.x(), other.y()};
-        return std::memcmp(first, second, sizeof first) == 0;
+        using kdrio::inside::sameBits;
+        return sameBits(one.x(), other.x()) && sameBits(one.y(), other.y());
     }
     static std::string inBrief(py::handle element)
     {
@@ -96,7 +93,7 @@ struct Whole<KDRPointArray>
 
 namespace {
 
-std::string described(KDRPoint const& point)
+std::string pointText(KDRPoint const& point)
 {
     return "Point(" + numberText(point.x()) + ", " + numberText(point.y()) + ")";
 }
@@ -114,7 +111,7 @@ coordinates from and to arrays of the shape (n, 2).)");
 
 } // namespace
 
-KDRPoint toPoint(py::handle value, std::string const& where)
+KDRPoint toPoint(py::handle value, char const* where)
 {
     if (py::isinstance<KDRPoint>(value))
         return value.cast<KDRPoint const&>();
@@ -128,7 +125,7 @@ KDRPoint toPoint(py::handle value, std::string const& where)
     raiseWrongType(where, "a Point or a pair of numbers", value);
 }
 
-KDRPointArray toPoints(py::handle value, std::string const& where)
+KDRPointArray toPoints(py::handle value, char const* where)
 {
     if (py::isinstance<KDRPointArray>(value))
         return value.cast<KDRPointArray const&>();
@@ -143,7 +140,7 @@ KDRPointArray toPoints(py::handle value, std::string const& where)
 py::array coordinatesOf(KDRPointArray const& points)
 {
     // Another thread may change the list as soon as the lock is released.
-    KDRPointArray const copy(points);
+    KDRPointArray const copy(points); // NOLINT(performance-unnecessary-copy-initialization)
     VelPointArray const& core = KDRInternal::wrapped(copy);
     py::array_t<double> coordinates({py::ssize_t(core.Length()), py::ssize_t(2)});
     double* values = coordinates.mutable_data();
@@ -192,7 +189,7 @@ coordinates.
         .def_property("y_step", &KDRPoint::getYStepVal, &KDRPoint::setYStepVal, "The step of y.")
         .def("__iter__",
              [](KDRPoint const& self) { return py::iter(py::make_tuple(self.x(), self.y())); })
-        .def("__repr__", &described);
+        .def("__repr__", &pointText);
     bindEquality(point);
     bindPickling(point);
     bindPoints(m);

@@ -14,10 +14,10 @@ namespace kdrpython {
 
 /// A Point, or a pair of numbers as one with the default ranges. @p where is who takes it; raises
 /// TypeError for everything else.
-KDRPoint toPoint(py::handle value, std::string const& where);
+KDRPoint toPoint(py::handle value, char const* where);
 
 /// A PointArray, an array of the shape (n, 2) or any other sequence of what toPoint() takes.
-KDRPointArray toPoints(py::handle value, std::string const& where);
+KDRPointArray toPoints(py::handle value, char const* where);
 
 /// The coordinates as an array of the shape (n, 2) of its own.
 py::array coordinatesOf(KDRPointArray const& points);

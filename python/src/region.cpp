@@ -195,7 +195,7 @@ KDRRegion unionOfTwo(KDRRegion const& one, KDRRegion const& other)
     return unionOf(both);
 }
 
-std::string described(KDRRegion const& region)
+std::string regionText(KDRRegion const& region)
 {
     return "<kdrdata.Region of " + std::to_string(core(region).RunCount()) + " runs in " +
            std::to_string(core(region).Width()) + " x " + std::to_string(core(region).Height()) +
@@ -211,7 +211,7 @@ struct Item<KDRRegion>
     {
         return py::cast(std::move(value));
     }
-    static KDRRegion const& fromPython(py::handle value, std::string const& array)
+    static KDRRegion const& fromPython(py::handle value, char const* array)
     {
         if (!py::isinstance<KDRRegion>(value))
             raiseWrongType(array, "Region", value);
@@ -258,14 +258,14 @@ and those of a row do not touch. Coordinates may be negative and may lie outside
              "The pixels of both. The extent is the larger one of each axis.")
         .def("__eq__", &areEqual, py::is_operator(), py::arg("other"))
         .def("__bool__", [](KDRRegion const& self) { return core(self).RunCount() > 0; })
-        .def("__repr__", &described)
+        .def("__repr__", &regionText)
         .def(
             "_repr_html_",
             [](KDRRegion const& self) {
                 KDRRegion pixels(self);
                 KDRShape shape;
                 shape.fromRegion(pixels);
-                return htmlOf({shape}, described(self));
+                return htmlOf({shape}, regionText(self));
             },
             "For notebooks: the pixels, drawn.");
     bindPickling(region);

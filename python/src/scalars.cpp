@@ -1,3 +1,4 @@
+#include "define.h"
 #include "items.h"
 #include "number.h"
 #include "pickling.h"
@@ -144,7 +145,7 @@ void bindOperators(py::class_<KDRNumber>& cls)
             each.name,
             [run](KDRNumber const& self, py::object const& other) -> py::object {
                 if (!isNumber(other))
-                    return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                    return notImplemented();
                 return checked(run(toPython(self).ptr(), plain(other).ptr()));
             },
             py::arg("other"));
@@ -152,7 +153,7 @@ void bindOperators(py::class_<KDRNumber>& cls)
             each.reflected,
             [run](KDRNumber const& self, py::object const& other) -> py::object {
                 if (!isNumber(other))
-                    return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                    return notImplemented();
                 return checked(run(plain(other).ptr(), toPython(self).ptr()));
             },
             py::arg("other"));
@@ -170,7 +171,7 @@ void bindOperators(py::class_<KDRNumber>& cls)
             each.name,
             [code](KDRNumber const& self, py::object const& other) -> py::object {
                 if (!isNumber(other))
-                    return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                    return notImplemented();
                 return checked(
                     PyObject_RichCompare(toPython(self).ptr(), plain(other).ptr(), code));
             },
@@ -244,7 +245,7 @@ the results are int and float. Two Numbers are equal where their values and rang
             if (py::isinstance<KDRNumber>(other))
                 return py::bool_(Item<KDRNumber>::equal(self, other.cast<KDRNumber const&>()));
             if (!isNumber(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                return notImplemented();
             return checked(PyObject_RichCompare(toPython(self).ptr(), other.ptr(), Py_EQ));
         },
         py::arg("other"));
@@ -436,15 +437,16 @@ py::object toPython(KDRNumber const& number)
     return py::float_(record.value.floating);
 }
 
+std::string numberText(double value) { return py::repr(py::float_(value)); }
+
 std::string inBrief(KDRNumber const& number)
 {
     KDRNumberPrivate const& record = kdrio::inside::record(number);
-    std::string const value = py::repr(toPython(number));
+    std::string value = py::repr(toPython(number));
     if (record.minValue == 0.0 && record.maxValue == 0.0 && record.step == 0.0)
         return value;
-    return "Number(" + value + ", minimum=" + std::string(py::repr(py::float_(record.minValue))) +
-           ", maximum=" + std::string(py::repr(py::float_(record.maxValue))) +
-           ", step=" + std::string(py::repr(py::float_(record.step))) + ')';
+    return "Number(" + value + ", minimum=" + numberText(record.minValue) +
+           ", maximum=" + numberText(record.maxValue) + ", step=" + numberText(record.step) + ')';
 }
 
 bool readNumber(py::handle value, KDRNumber& number)
@@ -483,12 +485,12 @@ char elementKindOf(py::handle array)
     return py::reinterpret_borrow<py::array>(array).dtype().kind();
 }
 
-KDRNumberArray toNumberArray(py::handle array, std::string const& where)
+KDRNumberArray toNumberArray(py::handle array, char const* where)
 {
     KDRNumberArray numbers;
     auto const values = py::reinterpret_borrow<py::array>(array);
     if (values.ndim() != 1 || values.shape(0) > std::numeric_limits<int>::max() / 16)
-        throw py::value_error(where + " takes arrays of one dimension and up to " +
+        throw py::value_error(std::string(where) + " takes arrays of one dimension and up to " +
                               std::to_string(std::numeric_limits<int>::max() / 16) + " elements");
     switch (elementKindOf(array)) {
     case 'u':
@@ -506,7 +508,8 @@ KDRNumberArray toNumberArray(py::handle array, std::string const& where)
         fill<double>(numbers, array);
         break;
     default:
-        throw py::type_error(where + " takes arrays of integers and floating-point numbers");
+        throw py::type_error(std::string(where) +
+                             " takes arrays of integers and floating-point numbers");
     }
     return numbers;
 }

@@ -24,7 +24,7 @@ struct Item
         return py::cast(std::move(value));
     }
     /// @p array is the name of the array's class.
-    static Element const& fromPython(py::handle value, std::string const& array)
+    static Element const& fromPython(py::handle value, char const* array)
     {
         if (!py::isinstance<Element>(value))
             raiseWrongType(array, py::str(py::type::of<Element>().attr("__name__")), value);
@@ -43,8 +43,56 @@ struct Item
 template <class Array>
 struct Whole
 {
-    static bool take(py::handle, Array&, std::string const&) { return false; }
+    static bool take(py::handle, Array&, char const*) { return false; }
 };
+
+/// What the arrays of one class do as sequences of Python's, for those that do not know the class.
+/// @p self is an object of the class, @p name what messages call it.
+struct SequenceOperations
+{
+    bool (*isOne)(py::handle value);
+    int (*length)(py::handle self);
+    py::object (*get)(py::handle self, py::ssize_t index);
+    py::object (*getPart)(py::handle self, py::slice const& part, char const* name);
+    void (*set)(py::handle self, py::ssize_t index, py::handle value, char const* name);
+    void (*setPart)(py::handle self, py::slice const& part, py::iterable const& values,
+                    char const* name);
+    void (*remove)(py::handle self, py::ssize_t index);
+    void (*removePart)(py::handle self, py::slice const& part, char const* name);
+    void (*insert)(py::handle self, py::ssize_t index, py::handle value, char const* name);
+    void (*append)(py::handle self, py::handle value, char const* name);
+    void (*extend)(py::handle self, py::iterable const& values, char const* name);
+    void (*clear)(py::handle self);
+    bool (*equal)(py::handle self, py::handle other);
+    std::string (*inBrief)(py::handle element);
+};
+
+/// Adds the operations to a class. @p operations and @p name stay where they are.
+void bindOperations(py::object const& cls, SequenceOperations const& operations, char const* name);
+
+/// A slice of a list, with all numbers inside of it.
+struct Range
+{
+    Range(py::slice const& slice, int (*length)(py::handle self), py::handle self);
+
+    void forward()
+    {
+        if (step < 0) {
+            start += (count - 1) * step;
+            step = -step;
+        }
+    }
+
+    int start;
+    int count;
+    int step;
+};
+
+/// Raises ValueError: an extended slice takes as many values as it has places.
+[[noreturn]] void raiseOtherLength(int given, int places);
+
+/// Raises TypeError: the arrays of classes that carry nothing keep no elements either.
+[[noreturn]] void raiseKeepsNothing(char const* name);
 
 /// An array class of the library as a mutable sequence of Python's. What it does is what list does;
 /// only the elements are copies: a change of one enters the array where it is assigned.
@@ -55,73 +103,55 @@ template <class Array, class Element>
 class Sequence
 {
 public:
-    static std::unique_ptr<Array> make(py::iterable const& values, std::string const& name)
+    static std::unique_ptr<Array> make(py::iterable const& values, char const* name)
     {
         auto made = std::make_unique<Array>();
         if (Whole<Array>::take(values, *made, name))
             return made;
         for (py::handle const value : values)
-            append(*made, value, name);
+            appendWhole(*made, Item<Element>::fromPython(value, name), name);
         return made;
     }
 
-    static void append(Array& array, py::handle value, std::string const& name)
-    {
-        appendWhole(array, Item<Element>::fromPython(value, name), name);
-    }
+private:
+    static Array& arrayOf(py::handle self) { return self.cast<Array&>(); }
 
-    static void extend(Array& array, py::iterable const& values, std::string const& name)
-    {
-        // Values may be this array itself, and an error leaves it as it was.
-        std::unique_ptr<Array> const more = make(values, name);
-        appendPart(array, *more, 0, more->length(), 1, name);
-    }
+    static bool isOne(py::handle value) { return py::isinstance<Array>(value); }
 
-    static void insert(Array& array, py::ssize_t index, py::handle value, std::string const& name)
-    {
-        // First the value: what that runs may change the list.
-        auto const& element = Item<Element>::fromPython(value, name);
-        py::ssize_t const length = array.length();
-        py::ssize_t const wanted = index < 0 ? index + length : index;
-        auto const place = static_cast<int>(std::clamp<py::ssize_t>(wanted, 0, length));
-        if (place == array.length())
-            return appendWhole(array, element, name);
-        array.insert(place, element);
-        carryRange(array, place, element);
-    }
+    static int length(py::handle self) { return std::max(arrayOf(self).length(), 0); }
 
-    static py::object get(Array const& array, py::ssize_t index)
+    static py::object get(py::handle self, py::ssize_t index)
     {
+        Array const& array = arrayOf(self);
         auto element = std::make_unique<Element>();
         array.select(placeOf(index, array.length()), element.get());
         return Item<Element>::toPython(std::move(element));
     }
 
-    static std::unique_ptr<Array> getPart(Array const& array, py::slice const& slice,
-                                          std::string const& name)
+    static py::object getPart(py::handle self, py::slice const& part, char const* name)
     {
-        Range const range(slice, array);
+        Range const range(part, length, self);
         auto made = std::make_unique<Array>();
-        appendPart(*made, array, range.start, range.count, range.step, name);
-        return made;
+        appendPart(*made, arrayOf(self), range.start, range.count, range.step, name);
+        return py::cast(std::move(made));
     }
 
-    static void set(Array& array, py::ssize_t index, py::handle value, std::string const& name)
+    static void set(py::handle self, py::ssize_t index, py::handle value, char const* name)
     {
         auto const& element = Item<Element>::fromPython(value, name);
+        Array& array = arrayOf(self);
         array.replace(placeOf(index, array.length()), element);
     }
 
-    static void setPart(Array& array, py::slice const& slice, py::iterable const& values,
-                        std::string const& name)
+    static void setPart(py::handle self, py::slice const& part, py::iterable const& values,
+                        char const* name)
     {
         std::unique_ptr<Array> const given = make(values, name);
-        Range const range(slice, array);
+        Range const range(part, length, self);
+        Array& array = arrayOf(self);
         if (range.step != 1) {
             if (given->length() != range.count)
-                throw py::value_error("attempt to assign sequence of size " +
-                                      std::to_string(given->length()) +
-                                      " to extended slice of size " + std::to_string(range.count));
+                raiseOtherLength(given->length(), range.count);
             Element element{};
             for (int i = 0; i < range.count; ++i) {
                 given->select(i, &element);
@@ -137,9 +167,16 @@ public:
         array = made;
     }
 
-    static void removePart(Array& array, py::slice const& slice, std::string const& name)
+    static void removeAt(py::handle self, py::ssize_t index)
     {
-        Range range(slice, array);
+        Array& array = arrayOf(self);
+        array.removeAt(placeOf(index, array.length()));
+    }
+
+    static void removePart(py::handle self, py::slice const& part, char const* name)
+    {
+        Range range(part, length, self);
+        Array& array = arrayOf(self);
         if (range.count == 0)
             return;
         range.forward();
@@ -158,8 +195,38 @@ public:
         array = made;
     }
 
-    static bool equal(Array const& one, Array const& other)
+    static void insert(py::handle self, py::ssize_t index, py::handle value, char const* name)
     {
+        // First the value: what that runs may change the list.
+        auto const& element = Item<Element>::fromPython(value, name);
+        Array& array = arrayOf(self);
+        int const elements = array.length();
+        py::ssize_t const wanted = index < 0 ? index + elements : index;
+        auto const place = static_cast<int>(std::clamp<py::ssize_t>(wanted, 0, elements));
+        if (place == elements)
+            return appendWhole(array, element, name);
+        array.insert(place, element);
+        carryRange(array, place, element);
+    }
+
+    static void append(py::handle self, py::handle value, char const* name)
+    {
+        appendWhole(arrayOf(self), Item<Element>::fromPython(value, name), name);
+    }
+
+    static void extend(py::handle self, py::iterable const& values, char const* name)
+    {
+        // Values may be this array itself, and an error leaves it as it was.
+        std::unique_ptr<Array> const more = make(values, name);
+        appendPart(arrayOf(self), *more, 0, more->length(), 1, name);
+    }
+
+    static void clear(py::handle self) { arrayOf(self).clear(); }
+
+    static bool areEqual(py::handle self, py::handle with)
+    {
+        Array const& one = arrayOf(self);
+        Array const& other = arrayOf(with);
         if (one.length() != other.length())
             return false;
         for (int i = 0; i < one.length(); ++i) {
@@ -173,48 +240,6 @@ public:
         return true;
     }
 
-    static std::string inBrief(Array const& array, std::string const& name)
-    {
-        constexpr int shown = 10;
-        int const length = array.length();
-        std::string text;
-        for (int i = 0; i < std::min(length, shown); ++i)
-            text += (i > 0 ? ", " : "") + Item<Element>::inBrief(get(array, i));
-        if (length > shown)
-            text += ", ... " + std::to_string(length) + " in all";
-        return name + "([" + text + "])";
-    }
-
-private:
-    // A slice of an array, with all numbers inside of it.
-    struct Range
-    {
-        Range(py::slice const& slice, Array const& array)
-        {
-            py::ssize_t first = 0;
-            py::ssize_t last = 0;
-            py::ssize_t by = 1;
-            // What the first call runs may change the list; the second runs nothing.
-            if (PySlice_Unpack(slice.ptr(), &first, &last, &by) < 0)
-                throw py::error_already_set();
-            py::ssize_t const length = PySlice_AdjustIndices(array.length(), &first, &last, by);
-            start = static_cast<int>(first);
-            count = static_cast<int>(length);
-            // A step beyond the array reaches one element, whatever it is.
-            step = length > 1 ? static_cast<int>(by) : (by == 1 ? 1 : 2);
-        }
-        void forward()
-        {
-            if (step < 0) {
-                start += (count - 1) * step;
-                step = -step;
-            }
-        }
-        int start;
-        int count;
-        int step;
-    };
-
     static void carryRange(Array& array, int place, Element const& element)
     {
         if constexpr (std::is_same_v<Element, KDRNumber>)
@@ -223,17 +248,17 @@ private:
             static_cast<void>(array), static_cast<void>(place), static_cast<void>(element);
     }
 
-    static void appendWhole(Array& array, Element const& element, std::string const& name)
+    static void appendWhole(Array& array, Element const& element, char const* name)
     {
         int const place = array.length();
         array.push_back(element);
         if (array.length() <= place)
-            throw py::type_error(name + " keeps no elements in this version");
+            raiseKeepsNothing(name);
         carryRange(array, place, element);
     }
 
     static void appendPart(Array& to, Array const& from, int start, int count, int step,
-                           std::string const& name)
+                           char const* name)
     {
         for (int i = 0; i < count; ++i) {
             Element element{};
@@ -241,81 +266,24 @@ private:
             appendWhole(to, element, name);
         }
     }
+
+public:
+    static constexpr SequenceOperations operations = {
+        isOne,      length, get,    getPart, set,   setPart,  removeAt,
+        removePart, insert, append, extend,  clear, areEqual, Item<Element>::inBrief,
+    };
 };
 
 /// Adds an array class of the library to the module, as Sequence says, with pickle and copies.
+/// @p name is a literal.
 template <class Array, class Element>
 py::class_<Array> bindSequence(py::module_& m, char const* name, char const* doc)
 {
     using Made = Sequence<Array, Element>;
-    std::string const called = name;
     py::class_<Array> cls(m, name, doc);
-    cls.def(py::init<>(), "An empty list.");
-    cls.def(py::init([called](py::iterable const& values) { return Made::make(values, called); }),
-            py::arg("values"), "A list of copies of the values.");
-    cls.def("__len__", [](Array const& self) { return std::max(self.length(), 0); });
-    cls.def("__getitem__", &Made::get, py::arg("index"));
-    cls.def(
-        "__getitem__",
-        [called](Array const& self, py::slice const& part) {
-            return Made::getPart(self, part, called);
-        },
-        py::arg("index"));
-    cls.def(
-        "__setitem__",
-        [called](Array& self, py::ssize_t index, py::object const& value) {
-            Made::set(self, index, value, called);
-        },
-        py::arg("index"), py::arg("value"));
-    cls.def(
-        "__setitem__",
-        [called](Array& self, py::slice const& part, py::iterable const& values) {
-            Made::setPart(self, part, values, called);
-        },
-        py::arg("index"), py::arg("value"));
-    cls.def(
-        "__delitem__",
-        [](Array& self, py::ssize_t index) { self.removeAt(placeOf(index, self.length())); },
-        py::arg("index"));
-    cls.def(
-        "__delitem__",
-        [called](Array& self, py::slice const& part) { Made::removePart(self, part, called); },
-        py::arg("index"));
-    cls.def(
-        "insert",
-        [called](Array& self, py::ssize_t index, py::object const& value) {
-            Made::insert(self, index, value, called);
-        },
-        py::arg("index"), py::arg("value"), "Inserts a copy of the value before the index.");
-    cls.def(
-        "append",
-        [called](Array& self, py::object const& value) { Made::append(self, value, called); },
-        py::arg("value"), "Appends a copy of the value.");
-    cls.def(
-        "extend",
-        [called](Array& self, py::iterable const& values) { Made::extend(self, values, called); },
-        py::arg("values"), "Appends copies of the values.");
-    cls.def(
-        "clear", [](Array& self) { self.clear(); }, "Removes all elements.");
-    cls.def(
-        "__add__",
-        [called](Array const& self, Array const& other) {
-            auto made = Made::getPart(self, py::slice(0, self.length(), 1), called);
-            Made::extend(*made, py::cast(other), called);
-            return made;
-        },
-        py::arg("other"), py::is_operator());
-    cls.def(
-        "__eq__",
-        [](Array const& self, py::object const& other) -> py::object {
-            if (!py::isinstance<Array>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
-            return py::bool_(Made::equal(self, other.cast<Array const&>()));
-        },
-        py::arg("other"));
-    cls.attr("__hash__") = py::none();
-    cls.def("__repr__", [called](Array const& self) { return Made::inBrief(self, called); });
-    cls.attr("_is_sequence") = true;
+    cls.def(py::init([name](py::iterable const& values) { return Made::make(values, name); }),
+            py::arg("values") = py::tuple(), "A list of copies of the values.");
+    bindOperations(cls, Made::operations, name);
     bindPickling(cls);
     return cls;
 }

@@ -96,7 +96,7 @@ bool hasPlace(std::vector<Field> const& fields)
 // ---------------------------------------------------------------------------------------
 
 // Puts what Python gives for a field into the parameters.
-void put(Parameters& parameters, Part part, py::handle value, std::string const& where)
+void put(Parameters& parameters, Part part, py::handle value, char const* where)
 {
     kdrio::visit(parameters, part, [&](auto& to) {
         using Type = std::remove_reference_t<decltype(to)>;
@@ -195,9 +195,9 @@ KDRShape made(ShapeKind const& kind, std::string const& maker, py::args const& p
         bool const isOptional = field.part == Part::Font || field.part == Part::Count;
         if (byCoordinates && field.part == Part::A) {
             py::tuple const place = py::make_tuple(arguments.take("x"), arguments.take("y"));
-            put(parameters, field.part, place, where);
+            put(parameters, field.part, place, where.c_str());
         } else if (!isOptional || arguments.has(field.name.c_str())) {
-            put(parameters, field.part, arguments.take(field.name), where);
+            put(parameters, field.part, arguments.take(field.name), where.c_str());
         }
     }
     KDRShape shape;
@@ -235,7 +235,7 @@ std::string docOf(ShapeKind const& kind, std::string const& maker)
 // --- reading
 // --------------------------------------------------------------------------------------
 
-py::object valueOf(Parameters& parameters, Part part)
+py::object partOf(Parameters& parameters, Part part)
 {
     py::object value;
     kdrio::visit(parameters, part, [&value](auto const& from) {
@@ -267,7 +267,7 @@ py::object fieldOf(KDRShape const& shape, std::string const& name)
         if (field.name != name && !(isPlace && (name == "x" || name == "y")))
             continue;
         kind->get(shape, parameters);
-        py::object const value = valueOf(parameters, field.part);
+        py::object const value = partOf(parameters, field.part);
         return field.name == name ? value : value.attr(name.c_str());
     }
     raiseNoField(kind, name);
@@ -284,7 +284,7 @@ KDRShapeArray cellsOf(KDRShape const& shape)
     return cells;
 }
 
-std::string described(KDRShape const& shape)
+std::string shapeText(KDRShape const& shape)
 {
     ShapeKind const* const kind = kdrio::shapeKindOf(shape.shapeType());
     if (!kind || kind->partCount() == 0)
@@ -294,7 +294,7 @@ std::string described(KDRShape const& shape)
     std::string text;
     for (Field const& field : fieldsOf(*kind))
         text += (text.empty() ? "" : ", ") + field.name + "=" +
-                py::repr(valueOf(parameters, field.part)).cast<std::string>();
+                py::repr(partOf(parameters, field.part)).cast<std::string>();
     return "Shape." + snake(kind->name) + "(" + text + ")";
 }
 
@@ -372,8 +372,8 @@ py::object bindKinds(py::module_& m)
     codes["RECT1"] = static_cast<unsigned int>(KDRShape::Rect1);
     for (ShapeKind const& kind : kdrio::shapeKinds)
         codes[py::str(snake(kind.name)).attr("upper")()] = kind.number;
-    py::object const kinds = py::module_::import("enum").attr("IntEnum")(
-        "ShapeKind", codes, py::arg("module") = "kdrdata");
+    py::object kinds = py::module_::import("enum").attr("IntEnum")("ShapeKind", codes,
+                                                                   py::arg("module") = "kdrdata");
     kinds.attr("__doc__") = "The kinds of a shape; the codes never change.";
     m.attr("ShapeKind") = kinds;
     return kinds;
@@ -409,9 +409,9 @@ numbers are kept as they are given.
             "The ShapeKind.")
         .def("cells", &cellsOf,
              "The shapes of a grid: rect2 of rect2_matrix, torus of circle_matrix.")
-        .def("__repr__", &described)
+        .def("__repr__", &shapeText)
         .def(
-            "_repr_html_", [](KDRShape const& self) { return htmlOf({self}, described(self)); },
+            "_repr_html_", [](KDRShape const& self) { return htmlOf({self}, shapeText(self)); },
             "For notebooks: the figure, drawn.");
     bindFields(m, shape);
     bindEquality(shape);
@@ -421,6 +421,7 @@ numbers are kept as they are given.
             "_repr_html_",
             [](KDRShapeArray const& self) {
                 std::vector<KDRShape> figures;
+                figures.reserve(static_cast<std::size_t>(self.length()));
                 for (int i = 0; i < self.length(); ++i)
                     figures.push_back(self[i]);
                 return htmlOf(figures, "ShapeArray of " + std::to_string(figures.size()));

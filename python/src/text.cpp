@@ -1,4 +1,5 @@
 #include "text.h"
+#include "define.h"
 
 #include "errors.h"
 #include "items.h"
@@ -114,7 +115,7 @@ None for null. Texts are what texts are: equal where the characters are, null an
         "__eq__",
         [](KDRString const& self, py::object const& other) -> py::object {
             if (!py::isinstance<KDRString>(other) && !py::isinstance<py::str>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                return notImplemented();
             return py::bool_(self == toString(other, "String"));
         },
         py::arg("other"));
@@ -183,7 +184,7 @@ are and keep them.)");
         "__eq__",
         [](KDRBuffer const& self, py::object const& other) -> py::object {
             if (!py::isinstance<KDRBuffer>(other) && !py::isinstance<py::bytes>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                return notImplemented();
             return py::bool_(kdrio::inside::bytes(self) ==
                              kdrio::inside::bytes(toBuffer(other, "Buffer")));
         },
@@ -222,7 +223,7 @@ void bindChar(py::module_& m)
         "__eq__",
         [](KDRChar const& self, py::object const& other) -> py::object {
             if (!py::isinstance<KDRChar>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                return notImplemented();
             return py::bool_(self.unicode() == other.cast<KDRChar const&>().unicode());
         },
         py::arg("other"));
@@ -337,7 +338,7 @@ copy has the match that there is at that moment, and a pickle has none.)");
         "__eq__",
         [](KDRRegExp const& self, py::object const& other) -> py::object {
             if (!py::isinstance<KDRRegExp>(other))
-                return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+                return notImplemented();
             return py::bool_(self == other.cast<KDRRegExp const&>());
         },
         py::arg("other"));
@@ -363,7 +364,7 @@ py::object toPython(KDRString const& text)
 
 std::string textOf(KDRString const& text) { return kdrio::inside::text(text).toStdString(); }
 
-KDRString toString(py::handle text, std::string const& where)
+KDRString toString(py::handle text, char const* where)
 {
     if (text.is_none())
         return KDRString();
@@ -384,7 +385,7 @@ py::object toPython(KDRBuffer const& bytes)
     return py::bytes(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
-KDRBuffer toBuffer(py::handle bytes, std::string const& where)
+KDRBuffer toBuffer(py::handle bytes, char const* where)
 {
     if (bytes.is_none())
         return KDRBuffer();
@@ -397,7 +398,7 @@ KDRBuffer toBuffer(py::handle bytes, std::string const& where)
 
 std::string encodedPath(py::handle path)
 {
-    auto const name = py::module_::import("os").attr("fsencode")(path).cast<std::string>();
+    auto name = py::module_::import("os").attr("fsencode")(path).cast<std::string>();
     if (name.find('\0') != std::string::npos)
         throw py::value_error("embedded null byte in the name of a file");
     return name;

@@ -18,13 +18,13 @@ std::string textOf(KDRString const& text);
 
 /// A str, a String, or None for the null text, as a string of the library. @p where is who takes
 /// it; raises TypeError for everything else.
-KDRString toString(py::handle text, std::string const& where);
+KDRString toString(py::handle text, char const* where);
 
 /// The bytes, None where they are null.
 py::object toPython(KDRBuffer const& bytes);
 
 /// What has the buffer protocol, a Buffer, or None for null bytes, as bytes of the library.
-KDRBuffer toBuffer(py::handle bytes, std::string const& where);
+KDRBuffer toBuffer(py::handle bytes, char const* where);
 
 /// The bytes of the name of a file, given as str, bytes or os.PathLike; ValueError where one is 0.
 std::string encodedPath(py::handle path);

@@ -112,7 +112,7 @@ py::object unpacked(py::handle value)
 {
     static py::handle const generic =
         py::object(py::module_::import("numpy").attr("generic")).release();
-    auto const given = py::reinterpret_borrow<py::object>(value);
+    auto given = py::reinterpret_borrow<py::object>(value);
     if (!py::isinstance(value, generic) || PyFloat_Check(value.ptr()) ||
         PyUnicode_Check(value.ptr()) || PyBytes_Check(value.ptr()))
         return given;
@@ -419,8 +419,8 @@ std::string inBrief(KDRVariant const& value)
 bool equal(KDRVariant const& one, KDRVariant const& other)
 {
     // Handles of their own, which nobody else changes meanwhile.
-    KDRVariant const first = one;
-    KDRVariant const second = other;
+    KDRVariant const first = one;    // NOLINT(performance-unnecessary-copy-initialization)
+    KDRVariant const second = other; // NOLINT(performance-unnecessary-copy-initialization)
     py::gil_scoped_release const unlocked;
     return same(first, second);
 }
