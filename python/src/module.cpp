@@ -2,7 +2,35 @@
 
 #include <kdrdata/kdrversion.h>
 
+#include <cstddef>
 #include <exception>
+
+namespace kdrpython {
+
+namespace {
+
+void* raiseNoValue(std::size_t)
+{
+    throw py::type_error("the object has no value: __init__() was not called");
+}
+
+// An object that __new__() made has no value before __init__() was called, and would be given
+// memory that nobody has filled as soon as it is used.
+void refuseObjectsWithoutValue(py::module_ const& m)
+{
+    for (auto const& member : m.attr("__dict__").cast<py::dict>()) {
+        if (PyType_Check(member.second.ptr()) == 0)
+            continue;
+        auto* const type = reinterpret_cast<PyTypeObject*>(member.second.ptr());
+        auto* const known = py::detail::get_type_info(type);
+        if (known && !known->operator_new)
+            known->operator_new = &raiseNoValue;
+    }
+}
+
+} // namespace
+
+} // namespace kdrpython
 
 PYBIND11_MODULE(_kdrdata, m)
 {
@@ -35,5 +63,6 @@ PYBIND11_MODULE(_kdrdata, m)
     bindGeometry3d(m);
     bindVariant(m);
     bindIo(m);
+    refuseObjectsWithoutValue(m);
     m.attr("__name__") = name;
 }

@@ -129,6 +129,7 @@ None for null. Texts are what texts are: equal where the characters are, null an
 class BytesView
 {
 public:
+    BytesView() = default;
     explicit BytesView(KDRBuffer const& bytes) : kept(bytes) {}
 
     py::buffer_info info() const
@@ -147,15 +148,27 @@ private:
     KDRBuffer kept;
 };
 
+// Objects that __init__() was not called for are null: where Python asks for a view, nothing can be
+// raised.
+template <class Class>
+void giveValue()
+{
+    py::detail::get_type_info(typeid(Class))->operator_new = [](std::size_t) -> void* {
+        return new Class();
+    };
+}
+
 void bindBuffer(py::module_& m)
 {
     // Only for views; nobody makes one.
     py::class_<BytesView>(m, "_BytesView", py::buffer_protocol()).def_buffer(&BytesView::info);
+    giveValue<BytesView>();
 
     py::class_<KDRBuffer> cls(m, "Buffer", py::buffer_protocol(), R"(Bytes, or null.
 
 bytes(buffer), memoryview(buffer) and numpy.frombuffer(buffer, ...) read them; views do so where they
 are and keep them.)");
+    giveValue<KDRBuffer>();
     cls.def(py::init([](py::object const& bytes) { return toBuffer(bytes, "Buffer"); }),
             py::arg("data") = py::none(), "A copy of the bytes; null where there are none.");
     cls.def_buffer([](KDRBuffer const& self) { return BytesView(self).info(); });

@@ -1,8 +1,10 @@
 """Arguments that nobody gives on purpose, and arguments that do more than to be given."""
 
+import copy
 import datetime
 import gc
 import os
+import pickle
 import weakref
 
 import numpy
@@ -133,6 +135,51 @@ def test_arguments_of_another_type_raise_type_errors():
     ):
         with pytest.raises(TypeError):
             use()
+
+
+CLASSES = [
+    cls
+    for cls in vars(kdrdata).values()
+    if isinstance(cls, type) and cls.__module__ == "kdrdata" and not issubclass(cls, (int, Exception))
+]
+
+
+@pytest.mark.parametrize("cls", [each for each in CLASSES if each is not kdrdata.Buffer])
+def test_an_object_that_was_never_made_is_refused(cls):
+    without_value = cls.__new__(cls)
+    special = {
+        "__repr__": repr,
+        "__copy__": copy.copy,
+        "__deepcopy__": copy.deepcopy,
+        "__reduce_ex__": pickle.dumps,
+        "__eq__": lambda value: value == value,
+    }
+    uses = [use for name, use in special.items() if name in vars(cls)]
+    uses += [each.fget for each in vars(cls).values() if isinstance(each, property)]
+    for use in [Variant, *uses]:
+        with pytest.raises(TypeError):
+            use(without_value)
+
+
+def test_bytes_that_were_never_made_are_null():
+    without_value = kdrdata.Buffer.__new__(kdrdata.Buffer)
+    assert bytes(memoryview(without_value)) == b""
+    assert without_value.is_null
+    view = memoryview(kdrdata.Buffer(b"x")).obj
+    assert bytes(memoryview(type(view).__new__(type(view)))) == b""
+
+
+def test_an_object_that_is_made_later_is_as_others():
+    later = NumberArray.__new__(NumberArray)
+    later.__init__([1, 2])
+    assert later == NumberArray([1, 2])
+
+
+@pytest.mark.parametrize("name", ["append", "__getitem__", "__delitem__", "__reduce_ex__"])
+def test_operations_of_a_list_refuse_other_objects(name):
+    for other in (5, kdrdata.BoolArray([True]), [1]):
+        with pytest.raises(TypeError):
+            getattr(NumberArray, name)(other, 0)
 
 
 @pytest.mark.parametrize("size", [(2**31, 1), (1, 2**40), (0, 1), (1, -1), (2**30, 2**30)])
