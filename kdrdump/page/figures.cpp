@@ -109,7 +109,7 @@ Place centreOf(Line const& outline)
     return {origin.x + x / (3.0 * twice), origin.y + y / (3.0 * twice)};
 }
 
-std::vector<Quantity> quantitiesOf(KDRPointArray const& corners)
+std::vector<Quantity> quantitiesOfPolygon(KDRPointArray const& corners)
 {
     KDRPointArray points(corners);
     KDRContour outline;
@@ -121,7 +121,7 @@ std::vector<Quantity> quantitiesOf(KDRPointArray const& corners)
             {"perimeter", outline.perimeter()}};
 }
 
-std::vector<Quantity> quantitiesOf(std::vector<Run> const& runs)
+std::vector<Quantity> quantitiesOfRegion(std::vector<Run> const& runs)
 {
     double pixels = 0.0;
     for (Run const& run : runs)
@@ -268,9 +268,9 @@ std::vector<Quantity> quantitiesOf(KDRShape const& figure)
     if (figure.toLine(&centre, &end) || figure.toArrow(&centre, &end))
         return {{"x", centre.x()}, {"y", centre.y()}, {"to x", end.x()}, {"to y", end.y()}};
     if (figure.toPolygon(&corners) && corners.length() > 0)
-        return quantitiesOf(corners);
+        return quantitiesOfPolygon(corners);
     if (figure.shapeType() == KDRShape::Region)
-        return quantitiesOf(runsOf(figure));
+        return quantitiesOfRegion(runsOf(figure));
     return {};
 }
 

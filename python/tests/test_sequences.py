@@ -129,7 +129,7 @@ def change(rng, target, elements):
 
 def test_any_changes_do_what_they_do_to_a_list(made):
     cls, elements = made
-    for seed in range(300):
+    for seed in range(100):
         array, model = cls(), []
         for step in range(20):
             results = []

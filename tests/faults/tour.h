@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <new>
 #include <string>
 #include <type_traits>
@@ -40,12 +41,10 @@ public:
     template <class Make, class Operation>
     void visit(char const* name, Make const& make, Operation const& operation)
     {
-        using State = decltype(make());
         visitAlone(name, make, operation);
         SCOPED_TRACE("shared");
-        auto const makeShared = [&make] { return Shared<State>(make()); };
-        auto const onTheOne = [&operation](Shared<State>& both) { return operation(both.state); };
-        Play<decltype(makeShared), decltype(onTheOne)> play(makeShared, onTheOne);
+        Play<Make, Operation> play(make, operation);
+        play.share();
         run(name, play);
     }
 
@@ -91,52 +90,76 @@ private:
         virtual void end() = 0;
     };
 
-    template <class Make, class Operation>
-    class Play final : public Stage
+    /// The state, and a copy beside it where it is shared: what is the same for all operations on
+    /// states of one type.
+    template <class State>
+    class StageOf : public Stage
     {
     public:
-        Play(Make const& make, Operation const& operation) : m_make(make), m_operation(operation) {}
+        void share() { m_isShared = true; }
 
-        // Made in its place: a copy would share with what it was copied from.
-        void begin() override { m_state = ::new (m_place) State(m_make()); }
-        void end() override { m_state->~State(); }
-        std::string inWords() const override { return words::of(*m_state); }
+        void begin() override
+        {
+            make(m_place);
+            if constexpr (std::is_copy_constructible_v<State>) {
+                if (m_isShared) {
+                    m_copy = std::make_unique<State>(*state());
+                    m_before = words::of(*m_copy);
+                }
+            }
+        }
+        void end() override
+        {
+            m_copy.reset();
+            state()->~State();
+        }
+        std::string inWords() const override
+        {
+            if (m_copy) {
+                EXPECT_EQ(words::of(*m_copy), m_before) << "a copy was changed";
+            }
+            return words::of(*std::launder(reinterpret_cast<State const*>(m_place)));
+        }
+
+    protected:
+        /// Makes the state in its place: a copy would share with what it was copied from.
+        virtual void make(void* place) const = 0;
+
+        State* state() { return std::launder(reinterpret_cast<State*>(m_place)); }
+
+    private:
+        alignas(State) unsigned char m_place[sizeof(State)];
+        std::unique_ptr<State> m_copy;
+        std::string m_before;
+        bool m_isShared = false;
+    };
+
+    template <class Make, class Operation>
+    class Play final : public StageOf<std::invoke_result_t<Make>>
+    {
+        using State = std::invoke_result_t<Make>;
+
+    public:
+        Play(Make const& make, Operation const& operation) : m_make(make), m_operation(operation) {}
 
         void operate(Trial& trial) override
         {
             if constexpr (std::is_void_v<std::invoke_result_t<Operation, State&>>) {
-                m_operation(*m_state);
+                m_operation(*this->state());
                 trial.end();
             } else {
-                auto const answer = m_operation(*m_state);
+                auto const answer = m_operation(*this->state());
                 trial.end();
                 trial.answer = words::of(answer);
             }
         }
 
-    private:
-        using State = std::invoke_result_t<Make>;
+    protected:
+        void make(void* place) const override { ::new (place) State(m_make()); }
 
+    private:
         Make const& m_make;
         Operation const& m_operation;
-        alignas(State) unsigned char m_place[sizeof(State)];
-        State* m_state = nullptr;
-    };
-
-    template <class State>
-    struct Shared
-    {
-        explicit Shared(State const& made) : state(made), copy(state), before(words::of(state)) {}
-
-        State state;
-        State copy;
-        std::string before;
-
-        friend std::string inWords(Shared const& shared)
-        {
-            EXPECT_EQ(words::of(shared.copy), shared.before) << "a copy was changed";
-            return words::of(shared.state);
-        }
     };
 
     struct Expected

@@ -540,7 +540,7 @@ class VelImagePeak : public testing::TestWithParam<LargeFile>
 /// The pixels, the file and 16 MiB: no second picture, not even for a moment.
 TEST_P(VelImagePeak, IsThePixelsAndTheFileAndLittleMore)
 {
-    constexpr std::size_t pixelBytes = 60 * mebibyte;
+    constexpr std::size_t pixelBytes = 32 * mebibyte;
     LargeFile const& file = GetParam();
     cv::Mat const mat(4096, static_cast<int>(pixelBytes / 4096 / CV_ELEM_SIZE(file.type)),
                       file.type, cv::Scalar::all(0));
