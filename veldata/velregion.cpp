@@ -101,11 +101,10 @@ int VelRegion::SetRuns(int width, int height, long const* numbers, long count)
 {
     if (count < 0 || (!numbers && count > 0))
         return 0;
-    std::vector<VelRun> given(static_cast<std::size_t>(count));
-    for (VelRun& run : given) {
-        run = {numbers[0], numbers[1], numbers[2]};
-        numbers += 3;
-    }
+    std::vector<VelRun> given;
+    given.reserve(static_cast<std::size_t>(count));
+    for (long i = 0; i < count; ++i)
+        given.push_back({numbers[3 * i], numbers[3 * i + 1], numbers[3 * i + 2]});
     runs = VelRuns::of(std::move(given));
     extentWidth = width < 0 ? 0 : width;
     extentHeight = width < 0 ? 0 : height;
