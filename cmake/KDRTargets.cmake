@@ -56,20 +56,23 @@ function(kdr_compile_in_lumps target size)
 endfunction()
 
 # GoogleTest's header takes longer to read than most tests, so that it is read once for the tests of
-# the core library and once for those above it, whose code is position-independent for Qt.
+# the core library, with that of their witness, and once for those above it, whose code is
+# position-independent for Qt.
 function(kdr_precompile_gtest target)
     if(PROJECT_NAME STREQUAL "VelData")
         set(host kdr_precompiled_gtest)
-        set(flags)
+        set(flags VelOpenCV::core)
+        set(headers <gtest/gtest.h> <opencv2/core.hpp>)
     else()
         set(host kdr_precompiled_gtest_qt)
         set(flags Qt5::Core)
+        set(headers <gtest/gtest.h>)
     endif()
     if(NOT TARGET ${host})
         add_library(${host} OBJECT "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/precompiled.cpp")
         target_compile_features(${host} PRIVATE cxx_std_17)
         target_link_libraries(${host} PRIVATE GTest::gtest ${flags})
-        target_precompile_headers(${host} PRIVATE <gtest/gtest.h>)
+        target_precompile_headers(${host} PRIVATE ${headers})
         target_compile_options(${host} PRIVATE -O0)
         kdr_enable_warnings(${host})
     endif()

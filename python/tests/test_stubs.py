@@ -94,10 +94,9 @@ def mypy(cache, *arguments):
 
 
 def test_type_checkers_read_the_package_and_a_program_over_it(cache):
-    result = mypy(cache, SAMPLE)
+    stubs = (PACKAGE / "_kdrdata.pyi", PACKAGE / "__init__.pyi", PACKAGE / "_kinds.py")
+    result = mypy(cache, SAMPLE, *stubs)
     assert result.returncode == 0, result.stdout + result.stderr
-    stubs = mypy(cache, PACKAGE / "_kdrdata.pyi", PACKAGE / "__init__.pyi", PACKAGE / "_kinds.py")
-    assert stubs.returncode == 0, stubs.stdout + stubs.stderr
 
 
 def test_type_checkers_find_what_is_wrong(cache, tmp_path):
