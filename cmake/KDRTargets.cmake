@@ -82,9 +82,10 @@ endfunction()
 # A GoogleTest executable whose every case is a test of its own process, so that
 # process-wide state (the local text codec) cannot leak from one case to the next.
 # Never optimised, whatever the libraries are that it tries: that takes minutes for tables of
-# hundreds of operations. OWN_FLAGS says that it is compiled in another way than the other tests.
+# hundreds of operations. OWN_FLAGS says that it is compiled in another way than the other tests. LUMPS
+# is how many sources are compiled together, but for those APART, whose names are also others'.
 function(kdr_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "OWN_FLAGS" "PREFIX" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "OWN_FLAGS" "PREFIX;LUMPS" "SOURCES;LIBRARIES;APART")
     add_executable(${name} ${arg_SOURCES})
     target_compile_features(${name} PRIVATE cxx_std_17)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gtest_main)
@@ -92,6 +93,12 @@ function(kdr_add_test name)
     if(NOT arg_OWN_FLAGS)
         target_compile_options(${name} PRIVATE -O0)
         kdr_precompile_gtest(${name})
+    endif()
+    if(arg_LUMPS)
+        kdr_compile_in_lumps(${name} ${arg_LUMPS})
+    endif()
+    if(arg_APART)
+        set_source_files_properties(${arg_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
     endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${arg_PREFIX}"

@@ -68,7 +68,7 @@ KDRBuffer bufferOf(QByteArray const& bytes)
     return bytes.isNull() ? KDRBuffer() : KDRBuffer(bytes.constData(), bytes.size());
 }
 
-QByteArray bytesOf(KDRBuffer const& buffer)
+QByteArray valueOf(KDRBuffer const& buffer)
 {
     return buffer.isNull() ? QByteArray() : QByteArray(buffer.constData(), buffer.size());
 }
@@ -77,7 +77,7 @@ void expectSame(KDRBuffer const& ours, QByteArray const& theirs)
 {
     ASSERT_EQ(ours.size(), theirs.size());
     ASSERT_EQ(ours.isNull(), theirs.isNull());
-    ASSERT_EQ(bytesOf(ours), theirs);
+    ASSERT_EQ(valueOf(ours), theirs);
 }
 
 void expectSameAnswers(Source& source, KDRBuffer const& ours, QByteArray const& theirs)
