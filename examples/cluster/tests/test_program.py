@@ -20,6 +20,8 @@ import pytest
 from conftest import COINS, COUNT, LONG, run_program, without_cluster
 from kdrdata import Number, Variant, load, save, to_bytes, to_html
 
+PROGRAMS = pathlib.Path(inspect_folder.__file__).parent
+
 
 @pytest.fixture(scope="module")
 def few(folder: pathlib.Path, tmp_path_factory: pytest.TempPathFactory) -> pathlib.Path:
@@ -181,3 +183,10 @@ def test_what_it_cannot_do_is_one_line(few: pathlib.Path, tmp_path: pathlib.Path
 
 def test_there_are_as_many_pictures_as_asked_for(folder: pathlib.Path) -> None:
     assert len({path.read_bytes() for path in folder.iterdir()}) == COUNT
+
+
+@pytest.mark.parametrize("name", ["inspect_folder.py", "make_pictures.py", "measure.py"])
+def test_the_programs_start_by_their_names(name: str) -> None:
+    done = subprocess.run([PROGRAMS / name, "--help"], capture_output=True, check=False)
+    assert done.returncode == 0
+    assert done.stdout.startswith(b"usage: " + name.encode())
