@@ -46,13 +46,14 @@ endfunction()
 
 option(KDRDATA_LUMPS "Compile sources that spend their time in headers in lumps" ON)
 
-# Compiles the sources of a target in lumps of so many, in a third of the time and less. Where that is
-# off, each is seen to include what it needs.
+# kdr_compile_in_lumps(TARGET SIZE [APART...]): compiles the sources of a target in lumps of so many, in a
+# third of the time and less, but for those apart. Where that is off, each is seen to include what it needs.
 function(kdr_compile_in_lumps target size)
     set_target_properties(${target} PROPERTIES
         UNITY_BUILD ${KDRDATA_LUMPS}
         UNITY_BUILD_BATCH_SIZE ${size}
         UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
 # GoogleTest's header takes longer to read than most tests, so that it is read once for the tests of
@@ -95,10 +96,7 @@ function(kdr_add_test name)
         kdr_precompile_gtest(${name})
     endif()
     if(arg_LUMPS)
-        kdr_compile_in_lumps(${name} ${arg_LUMPS})
-    endif()
-    if(arg_APART)
-        set_source_files_properties(${arg_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+        kdr_compile_in_lumps(${name} ${arg_LUMPS} ${arg_APART})
     endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${arg_PREFIX}"

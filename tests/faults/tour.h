@@ -96,16 +96,18 @@ private:
     class StageOf : public Stage
     {
     public:
-        void share() { m_isShared = true; }
+        void share()
+        {
+            m_copies = [](State const& state) { return std::make_unique<State>(state); };
+        }
 
         void begin() override
         {
             make(m_place);
-            if constexpr (std::is_copy_constructible_v<State>) {
-                if (m_isShared) {
-                    m_copy = std::make_unique<State>(*state());
-                    m_before = words::of(*m_copy);
-                }
+            if (m_copies) {
+                m_copy = m_copies(*state());
+                // A number's first copy leaves its range behind, and copies of that nothing.
+                m_before = words::of(*m_copies(*m_copy));
             }
         }
         void end() override
@@ -131,7 +133,7 @@ private:
         alignas(State) unsigned char m_place[sizeof(State)];
         std::unique_ptr<State> m_copy;
         std::string m_before;
-        bool m_isShared = false;
+        std::unique_ptr<State> (*m_copies)(State const&) = nullptr;
     };
 
     template <class Make, class Operation>
