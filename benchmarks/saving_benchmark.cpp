@@ -122,8 +122,7 @@ void loadRecipe(benchmark::State& state)
         [&] {
             QFile file(files.bare);
             file.open(QIODevice::ReadOnly);
-            QByteArray const bytes = file.readAll();
-            return bytes;
+            return file.readAll();
         });
 }
 
